@@ -1,0 +1,30 @@
+#include "controls/ComboBox.h"
+
+namespace tarvo {
+
+void ComboBox::Add(tarvo::Text item) {
+  items_.push_back(std::move(item));
+  Changed();
+}
+
+void ComboBox::Clear() {
+  items_.clear();
+  SetText({});
+  Changed();
+}
+
+void ComboBox::SetText(tarvo::Text text) {
+  if (text == text_) return;
+  text_ = std::move(text);
+  Changed();
+  Raise(OnChange);
+}
+
+void ComboBox::Pick(std::size_t row) {
+  if (!Usable()) return;
+  text_ = items_.at(row);
+  Changed();
+  Raise(OnClick);
+}
+
+}  // namespace tarvo

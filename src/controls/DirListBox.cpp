@@ -1,0 +1,53 @@
+#include "controls/DirListBox.h"
+
+#include "controls/ControlErrors.h"
+#include "platform/Files.h"
+#include "platform/Guarded.h"
+#include "text/Paths.h"
+
+namespace tarvo {
+namespace {
+
+/// The folder's parents from the root on, then the folder, then its subfolders.
+std::vector<DirListBox::Row> RowsOf(const Text& path, const std::vector<Text>& subfolders) {
+  std::vector<DirListBox::Row> rows;
+  int depth = 0;
+  for (std::size_t end = path.find(u'\\'); end != Text::npos; end = path.find(u'\\', end + 1)) {
+    const Text parent = path.substr(0, depth == 0 ? end + 1 : end);
+    rows.push_back({depth == 0 ? parent : BareName(parent), parent, depth, true});
+    ++depth;
+  }
+  if (rows.empty() || rows.back().Path != path) {
+    rows.push_back({BareName(path), path, depth, true});
+    ++depth;
+  }
+  for (const Text& name : subfolders) rows.push_back({name, JoinPath(path, name), depth, false});
+  return rows;
+}
+
+}  // namespace
+
+void DirListBox::SetPath(TextView path) {
+  const Text folder = FolderWithoutTail(path);
+  std::vector<Text> subfolders;
+  const bool readable =
+      files_.FolderExists(folder) && Guarded([&] { subfolders = files_.FolderNames(folder); });
+  if (!readable) throw PathNotFound(u"DirListBox", path);
+  const bool moved = folder != path_;
+  path_ = folder;
+  rows_ = RowsOf(path_, subfolders);
+  Changed();
+  if (moved) Raise(OnChange);
+}
+
+void DirListBox::OpenRow(std::size_t row) {
+  if (!Usable()) return;
+  const Text path = rows_.at(row).Path;
+  Guarded([&] { SetPath(path); });
+}
+
+void DirListBox::Reload() {
+  Guarded([&] { SetPath(Text(path_)); });
+}
+
+}  // namespace tarvo

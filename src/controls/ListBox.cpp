@@ -1,0 +1,51 @@
+#include "controls/ListBox.h"
+
+namespace tarvo {
+
+void ListBox::Add(Text item) {
+  rows_.push_back({std::move(item), false});
+  Changed();
+}
+
+void ListBox::RemoveAt(std::size_t row) {
+  rows_.at(row);
+  rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(row));
+  const int index = static_cast<int>(row);
+  if (listIndex_ == index) {
+    listIndex_ = -1;
+  } else if (listIndex_ > index) {
+    --listIndex_;
+  }
+  Changed();
+}
+
+void ListBox::Clear() {
+  SetItems({});
+}
+
+void ListBox::SetItems(std::vector<Text> items) {
+  rows_.clear();
+  rows_.reserve(items.size());
+  for (Text& item : items) rows_.push_back({std::move(item), false});
+  listIndex_ = -1;
+  Changed();
+}
+
+void ListBox::SetSelected(std::size_t row, bool selected) {
+  rows_.at(row);
+  if (!MultiSelect() && selected) {
+    for (Row& other : rows_) other.Selected = false;
+    listIndex_ = static_cast<int>(row);
+  }
+  rows_[row].Selected = selected;
+  Changed();
+}
+
+void ListBox::Click(std::size_t row) {
+  if (!Usable()) return;
+  SetSelected(row, MultiSelect() ? !Selected(row) : true);
+  listIndex_ = static_cast<int>(row);
+  Raise(OnClick);
+}
+
+}  // namespace tarvo

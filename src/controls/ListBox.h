@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+
+#include "controls/Control.h"
+
+namespace tarvo {
+
+/// A list of rows. In a Toggle list a click toggles a row; a Single list has one chosen row.
+class ListBox : public Control {
+ public:
+  enum class Selection { Single, Toggle };
+
+  ListBox(Control* parent, Selection selection) : Control(parent), selection_(selection) {}
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+  bool MultiSelect() const { return selection_ == Selection::Toggle; }
+
+  std::size_t Count() const { return rows_.size(); }
+  const Text& Item(std::size_t row) const { return rows_.at(row).Caption; }
+  bool Selected(std::size_t row) const { return rows_.at(row).Selected; }
+
+  /// The row that the keyboard stands on, the chosen one in a single list; -1 for none.
+  int ListIndex() const { return listIndex_; }
+
+  void Add(Text item);
+  void RemoveAt(std::size_t row);
+  void Clear();
+
+  /// By program: raises no event.
+  void SetSelected(std::size_t row, bool selected);
+
+  /// The user clicks a row: it is toggled or chosen, and OnClick raised. Does nothing while the
+  /// list is not usable.
+  void Click(std::size_t row);
+
+  std::function<void()> OnClick;
+
+ protected:
+  void SetItems(std::vector<Text> items);
+
+ private:
+  struct Row {
+    Text Caption;
+    bool Selected = false;
+  };
+
+  Selection selection_;
+  std::vector<Row> rows_;
+  int listIndex_ = -1;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,16 @@
+#pragma once
+
+namespace tarvo {
+
+class Clock {
+ public:
+  virtual ~Clock() = default;
+
+  /// Seeds the random numbers from the time of day.
+  virtual void Randomize() = 0;
+
+  /// A random number from 0 up to, but not including, 1.
+  virtual double Random() = 0;
+};
+
+}  // namespace tarvo

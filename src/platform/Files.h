@@ -1,0 +1,123 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "text/Text.h"
+
+namespace tarvo {
+
+/// The only way to the disk.
+///
+/// Paths are game paths: a drive, a colon, and parts separated by backslashes, such as
+/// "Z:\games\bc\stbc.exe"; a path that begins with a backslash lies on the drive of the program.
+/// Letter case is ignored: each part is looked up exactly first and then without regard to case,
+/// and only a part that doesn't exist is made as spelled. Links are followed.
+///
+/// What goes wrong is thrown as PlatformError with the path as the caller gave it, unless a
+/// function says otherwise.
+
+/// An open file. Positions count bytes from 0.
+class FileReader {
+ public:
+  virtual ~FileReader() = default;
+
+  /// Bytes in the file when it was opened.
+  virtual std::uint64_t Size() const = 0;
+
+  /// Fills `block` from `position`; gives the bytes read, fewer than asked only at the file's end.
+  virtual std::size_t ReadAt(std::uint64_t position, std::span<char> block) = 0;
+};
+
+/// A file on its way to the disk. It grows in a temporary sibling of the target, and takes the
+/// target's place in Commit: until then, and on any failure, the target stands as it was. Without
+/// Commit the destructor drops what was written.
+class FileReplacement {
+ public:
+  virtual ~FileReplacement() = default;
+
+  virtual void Write(FileTextView bytes) = 0;
+
+  /// Appends `count` bytes of `source` from `position` on, in the kernel where it can; gives the
+  /// bytes copied, fewer than `count` only at the source's end.
+  virtual std::uint64_t CopyFrom(FileReader& source, std::uint64_t position,
+                                 std::uint64_t count) = 0;
+
+  /// Puts the file in its place, with the mode and owner of the file that it replaces. Where an
+  /// old file is replaced the new one is on the disk before the old one goes; a new file may still
+  /// be on its way (see Files::Sync). Call it once.
+  virtual void Commit() = 0;
+};
+
+/// Marks of a file. A platform without one of them never reports it and drops it when set.
+enum FileAttributes : unsigned {
+  kNormalFile = 0,
+  kReadOnlyFile = 1,  ///< On POSIX: no write permission bit is set, also for root.
+  kHiddenFile = 2,
+  kSystemFile = 4,
+  kArchiveFile = 32,
+};
+
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  /// True for a file only: a folder, or a path that can't be looked at, gives false.
+  virtual bool FileExists(TextView path) = 0;
+  virtual bool FolderExists(TextView path) = 0;
+
+  /// Bytes in the file.
+  virtual std::uint64_t FileSize(TextView path) = 0;
+
+  /// FileAttributes bits. SetAttributes replaces them all.
+  virtual unsigned Attributes(TextView path) = 0;
+  virtual void SetAttributes(TextView path, unsigned attributes) = 0;
+
+  /// Opens a file for reading alone.
+  virtual std::unique_ptr<FileReader> Open(TextView path) = 0;
+
+  /// Begins a file that will stand at `path`, in a folder that exists. Refuses a target that is
+  /// read-only or a folder, before a byte is written. A target that is a link is followed.
+  virtual std::unique_ptr<FileReplacement> Replace(TextView path) = 0;
+
+  /// Makes a file of no bytes; a file that is there already stays as it is.
+  virtual void MakeEmptyFile(TextView path) = 0;
+
+  /// Makes one folder; throws when something of that name is there already. A backslash at the
+  /// end is ignored.
+  virtual void MakeFolder(TextView path) = 0;
+
+  /// Renames a file. Throws, and loses neither, when something stands at `to` already.
+  virtual void Rename(TextView from, TextView to) = 0;
+
+  /// Deletes a file, or all files that match wildcards (* and ?) in the last part; throws when
+  /// there is none. Never deletes a folder or a read-only file.
+  virtual void Remove(TextView pathOrPattern) = 0;
+
+  /// Bare names of the files that match a pattern such as "*.Tarvo", sorted without regard to
+  /// case. Several patterns are separated by ";". Throws when the folder can't be read. A name of
+  /// the host that holds a backslash can't be told in a game path and is left out.
+  virtual std::vector<Text> FileNames(TextView folder, TextView pattern = u"*") = 0;
+
+  /// Bare names of the folders in a folder, sorted likewise.
+  virtual std::vector<Text> FolderNames(TextView folder) = 0;
+
+  /// The drives of the machine, each as "Z:".
+  virtual std::vector<Text> Drives() = 0;
+
+  /// Returns when all that was written to the file system of `folder` is on its disk.
+  virtual void Sync(TextView folder) = 0;
+
+  /// Deletes the temporary siblings of processes of this user that have ended. Called once at the
+  /// start of a program. Throws nothing: what can't be deleted stays for the next start.
+  virtual void RemoveAbandoned() = 0;
+};
+
+/// True when `name` matches a pattern with the wildcards * (any run) and ? (any one unit), without
+/// regard to letter case. "*.*" matches every name, as users of the patterns expect.
+bool MatchesPattern(TextView name, TextView pattern);
+
+}  // namespace tarvo

@@ -1,0 +1,31 @@
+#include "platform/Files.h"
+#include "text/LetterCase.h"
+
+namespace tarvo {
+
+bool MatchesPattern(TextView name, TextView pattern) {
+  if (pattern == u"*.*") return true;
+  const Text text = FoldCase(name);
+  const Text wanted = FoldCase(pattern);
+  std::size_t at = 0;
+  std::size_t next = 0;
+  std::size_t lastStar = Text::npos;
+  std::size_t starAt = 0;
+  while (at < text.size()) {
+    if (next < wanted.size() && wanted[next] == u'*') {
+      lastStar = next++;
+      starAt = at;
+    } else if (next < wanted.size() && (wanted[next] == u'?' || wanted[next] == text[at])) {
+      ++next;
+      ++at;
+    } else if (lastStar != Text::npos) {
+      next = lastStar + 1;
+      at = ++starAt;
+    } else {
+      return false;
+    }
+  }
+  return wanted.find_first_not_of(u'*', next) == Text::npos;
+}
+
+}  // namespace tarvo

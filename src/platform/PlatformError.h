@@ -1,0 +1,35 @@
+#pragma once
+
+#include <exception>
+#include <utility>
+
+#include "text/Text.h"
+
+namespace tarvo {
+
+/// A failure of the machine: what was tried, on which file or key, and the system's code.
+class PlatformError : public std::exception {
+ public:
+  /// `operation` is a verb that fits "Can't … PATH", such as "write". `code` is an errno value on
+  /// POSIX and a Win32 error code on Windows.
+  PlatformError(Text operation, Text path, int code)
+      : Operation(std::move(operation)), Path(std::move(path)), Code(code) {}
+
+  Text Operation;
+  Text Path;  ///< A game path, or the full name of a registry key.
+  int Code;
+
+  const char* what() const noexcept override { return "platform failure"; }
+};
+
+/// The system's own words for one of its codes; empty for a code that it doesn't know.
+Text SystemErrorText(int code);
+
+/// The last error of the calling thread.
+int LastSystemError();
+
+/// The one place where a failure of the machine turns into words:
+/// "Can't write Z:\games\bc\x.py: No space left on device".
+Text Words(const PlatformError& error);
+
+}  // namespace tarvo

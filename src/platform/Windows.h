@@ -1,0 +1,31 @@
+#pragma once
+
+#include "text/Text.h"
+
+namespace tarvo {
+
+/// The icons of a message box; the values are the style numbers of the Windows call MessageBox.
+enum class BoxIcon { Critical = 16, Question = 32, Exclamation = 48, Information = 64 };
+
+struct TwipSize {
+  int Width;
+  int Height;
+};
+
+/// What the program asks of the screen that it stands on, beside its own forms.
+class Windows {
+ public:
+  virtual ~Windows() = default;
+
+  /// A box with an OK button. Returns when the user has closed it; timers go on meanwhile.
+  virtual void ShowMessage(TextView text, TextView caption, BoxIcon icon) = 0;
+
+  /// Opens a web address or a mailto: address in the user's own program. Gives false when there
+  /// is none.
+  virtual bool OpenAddress(TextView address) = 0;
+
+  /// The usable size of the screen in twips, 15 to the logical pixel.
+  virtual TwipSize ScreenSize() = 0;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <map>
+#include <vector>
+
+#include "controls/Screens.h"
+#include "platform/PlatformError.h"
+#include "state/AppState.h"
+
+namespace tarvo {
+
+class Clock;
+class Dialogue;
+class Files;
+class Locale;
+class ProgressBar;
+class Registry;
+class Settings;
+class Shell;
+class Sound;
+class Windows;
+
+/// The doors to the machine.
+struct Machine {
+  Files& files;
+  Settings& settings;
+  Registry& registry;
+  Sound& sound;
+  Locale& locale;
+  Clock& clock;
+  Windows& windows;
+};
+
+/// The one application object: the state, the doors to the machine and the one-of-each screens.
+/// Routines and screens receive it by reference; nothing else is shared, so a test can hold two.
+class Application {
+ public:
+  /// `programFolder`: the folder of the program's own file as a game path, without a backslash at
+  /// its end. All references must outlive the application.
+  Application(Machine doors, FormHost& host, Dialogue& talk, Text programFolder)
+      : machine(doors), dialogue(talk), screens(host), ProgramFolder(std::move(programFolder)) {}
+
+  Machine machine;
+  Dialogue& dialogue;
+  Screens screens;
+  const Text ProgramFolder;
+  AppState State;
+
+  /// The top window as the routines below it know it. Set by whoever builds the screens.
+  Shell* shell = nullptr;
+
+  /// The form that all other screens stand on; nothing where there is none.
+  Form* MainForm = nullptr;
+
+  /// The progress bars that the screens hand in, by the value of CurrentScreen.
+  std::map<Text, ProgressBar*> ProgressBars;
+
+  /// The failures on files that the user must hear of, since the last command began.
+  std::vector<PlatformError> Failures;
+
+  template <class T>
+  T& Screen() {
+    return screens.Use<T>(*this);
+  }
+};
+
+}  // namespace tarvo

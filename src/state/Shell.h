@@ -1,0 +1,21 @@
+#pragma once
+
+#include "text/Text.h"
+
+namespace tarvo {
+
+/// What the routines ask of the top window and the main menu above them.
+class Shell {
+ public:
+  virtual ~Shell() = default;
+
+  /// The status line.
+  virtual void ShowStatus(TextView text) = 0;
+
+  virtual void ShowMainMenu() = 0;
+
+  /// A work screen has closed: the menu takes over again.
+  virtual void WorkScreenClosed() = 0;
+};
+
+}  // namespace tarvo

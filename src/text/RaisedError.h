@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <utility>
+
+#include "text/Text.h"
+
+namespace tarvo {
+
+/// A failure that the rules of the system describe. The caller sees all three fields.
+class RaisedError : public std::exception {
+ public:
+  /// The Number of every error that the system raises itself.
+  static constexpr std::int32_t kOwnNumber = static_cast<std::int32_t>(0x80040000);
+
+  RaisedError(Text source, Text description, std::int32_t number = kOwnNumber)
+      : Number(number), Source(std::move(source)), Description(std::move(description)) {}
+
+  std::int32_t Number;
+  Text Source;       ///< Name of the routine, as a literal.
+  Text Description;  ///< Words for the user.
+
+  const char* what() const noexcept override { return "raised error"; }
+};
+
+}  // namespace tarvo
