@@ -13,7 +13,7 @@ using Painting = Desk;
 
 TEST_F(Painting, WorkThatNeverYieldsShowsWhatItRefreshes) {
   WorkForm& form = ShowWork();
-  const QPoint beside = Middle(form.title);
+  const QPoint beside = Middle(form.title) + QPoint(199, -14);
   const QPoint half = Middle(form.progress) - QPoint(20, 0);
   ASSERT_EQ(Pixel(beside), QColor(Qt::black));
 
@@ -28,7 +28,7 @@ TEST_F(Painting, WorkThatNeverYieldsShowsWhatItRefreshes) {
 
 TEST_F(Painting, RefreshesThatComeTooFastEndInTheLastState) {
   WorkForm& form = ShowWork();
-  const QPoint beside = Middle(form.title);
+  const QPoint beside = Middle(form.title) + QPoint(199, -14);
   const auto colour = [](int step) { return Colour{static_cast<std::uint8_t>(step % 250), 0, 90}; };
   int step = 0;
   const auto start = std::chrono::steady_clock::now();
