@@ -165,7 +165,9 @@ TEST_F(Forms, AWindowAndItsModelAgreeOnTheirPlace) {
 TEST_F(Forms, TheLastWindowEndsTheProcess) {
   ShowWork();
   QTimer::singleShot(50, [&] { Tap("alt+F4"); });
-  QTimer::singleShot(4000, QApplication::instance(), [] { QApplication::exit(9); });
+  QTimer lifeguard;
+  lifeguard.callOnTimeout([] { QApplication::exit(9); });
+  lifeguard.start(4000);
   EXPECT_EQ(QApplication::exec(), 0);
   EXPECT_EQ(screens_.Find<WorkForm>(), nullptr);
 }
