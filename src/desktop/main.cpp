@@ -31,6 +31,7 @@ struct Program {
 
 int main(int argc, char** argv) {
   QApplication qt(argc, argv);
+  QApplication::setApplicationName("Tarvo Packager");
   QApplication::setDesktopFileName("tarvo-packager");
   tarvo::ApplySkin(qt);
   tarvo::Program program;
