@@ -22,6 +22,9 @@ class PlatformError : public std::exception {
   const char* what() const noexcept override { return "platform failure"; }
 };
 
+/// The code for a file or folder that isn't there; the same number on POSIX and Windows.
+constexpr int kNoSuchFile = 2;
+
 /// The system's own words for one of its codes; empty for a code that it doesn't know.
 Text SystemErrorText(int code);
 

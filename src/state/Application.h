@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "controls/Screens.h"
-#include "platform/PlatformError.h"
 #include "state/AppState.h"
 
 namespace tarvo {
@@ -31,6 +30,13 @@ struct Machine {
   Windows& windows;
 };
 
+/// Something that went wrong in a command that went on, or ended with a message that doesn't name
+/// it.
+struct Failure {
+  Text Words;
+  bool OnFile;  ///< A file couldn't be read or written; otherwise its content is not in order.
+};
+
 /// The one application object: the state, the doors to the machine and the one-of-each screens.
 /// Routines and screens receive it by reference; nothing else is shared, so a test can hold two.
 class Application {
@@ -46,7 +52,8 @@ class Application {
   const Text ProgramFolder;
   AppState State;
 
-  /// The top window as the routines below it know it. Set by whoever builds the screens.
+  /// The top window as routines know it. Whoever builds the application sets it before any routine
+  /// runs.
   Shell* shell = nullptr;
 
   /// The form that all other screens stand on; nothing where there is none.
@@ -55,8 +62,8 @@ class Application {
   /// The progress bars that the screens hand in, by the value of CurrentScreen.
   std::map<Text, ProgressBar*> ProgressBars;
 
-  /// The failures on files that the user must hear of, since the last command began.
-  std::vector<PlatformError> Failures;
+  /// What the user must hear of beside the messages, since the last command began.
+  std::vector<Failure> Failures;
 
   template <class T>
   T& Screen() {

@@ -1,0 +1,150 @@
+#include "console/PackageCommands.h"
+
+#include "packages/PackageCheck.h"
+#include "packages/PackageFormat.h"
+#include "packages/frmPackager.h"
+#include "state/CommonUtilities.h"
+#include "text/Paths.h"
+#include "text/Utf8.h"
+
+namespace tarvo {
+namespace {
+
+nlohmann::json JsonTexts(const std::vector<Text>& texts) {
+  auto array = nlohmann::json::array();
+  for (const Text& text : texts) array.push_back(Json(text));
+  return array;
+}
+
+Text PackagePath(const Session& session, const Text& name) {
+  return session.app.ProgramFolder + u"\\Tarvos\\" + name + u".Tarvo";
+}
+
+/// False, and said, when there is no package of that name.
+bool RequirePackage(Session& session, const Text& name) {
+  if (session.app.machine.files.FileExists(PackagePath(session, name))) return true;
+  session.dialogue.PacMsg(u"That is not a Valid Tarvo File Name!!!", Title::Critical);
+  return false;
+}
+
+/// Ends a command whose result is its closing message.
+int FinishWithMessage(Session& session) {
+  const Text& message = session.dialogue.ClosingMessage();
+  if (!message.empty()) session.output.Result({message}, Json(message));
+  return session.Finish(true);
+}
+
+/// An entry as typed, in the form of a package: one backslash in front and between its parts.
+Text AsEntry(Text typed) {
+  for (char16_t& unit : typed) {
+    if (unit == u'/') unit = u'\\';
+  }
+  const std::size_t first = typed.find_first_not_of(u'\\');
+  const std::size_t last = typed.find_last_not_of(u'\\');
+  if (first == Text::npos) return u"\\";
+  return u"\\" + typed.substr(first, last - first + 1);
+}
+
+/// Gathers the entries of a `pack` command.
+class EntryCollector {
+ public:
+  explicit EntryCollector(Session& session)
+      : session_(session), files_(session.app.machine.files) {}
+
+  void Add(const Text& typed) {
+    const Text entry = AsEntry(typed);
+    const Application& app = session_.app;
+    if (files_.FolderExists(JoinPath(app.State.GamePath, entry))) {
+      AddFolder(app.State.GamePath, entry, false);
+    } else if (files_.FolderExists(JoinPath(app.ProgramFolder, entry))) {
+      AddFolder(app.ProgramFolder, entry, true);
+    } else {
+      entries.push_back(entry);
+    }
+  }
+
+  std::vector<Text> entries;
+
+ private:
+  /// A folder of one root can only give the files whose entries lead back to that root.
+  void AddFolder(const Text& root, const Text& folder, bool tgl) {
+    const Text path = JoinPath(root, folder);
+    const Text prefix = folder == u"\\" ? folder : folder + u"\\";
+    NotingFailures(session_.app, [&] {
+      for (const Text& name : files_.FileNames(path)) {
+        if (IsTGLEntry(name) == tgl) {
+          entries.push_back(prefix + name);
+        } else {
+          session_.Complain(prefix + name + u": left out, since files that end in \"TGL\" come " +
+                            u"from the program folder and all others from the game's");
+        }
+      }
+      for (const Text& name : files_.FolderNames(path)) AddFolder(root, prefix + name, tgl);
+    });
+  }
+
+  Session& session_;
+  Files& files_;
+};
+
+}  // namespace
+
+int RunGame(Session& session) {
+  if (!session.RequireGame()) return session.Finish(false);
+  const Text& folder = session.app.State.GamePath;
+  const Text source = session.GameSource();
+  session.output.Result({folder, source}, {{"folder", Json(folder)}, {"source", Json(source)}});
+  return session.Finish(true);
+}
+
+int RunPack(Session& session, const Text& name, const std::vector<Text>& entries) {
+  if (!session.RequireGame()) return session.Finish(false);
+  session.PrepareProgramFolder();
+  EntryCollector collector(session);
+  for (const Text& entry : entries) collector.Add(entry);
+  auto& screen = session.app.Screen<frmPackager>();
+  session.Follow(screen.TarvoProgress);
+  screen.cboFileName.SetText(name);
+  for (const Text& entry : collector.entries) {
+    screen.PackageList += entry + u"\r\n";
+    screen.lstFile.Add(BareName(entry));
+  }
+  screen.MakePackage();
+  return FinishWithMessage(session);
+}
+
+int RunList(Session& session, const Text& name) {
+  if (!RequirePackage(session, name)) return session.Finish(false);
+  auto& screen = session.app.Screen<frmPackager>();
+  screen.cboFileName.SetText(name);
+  screen.ListPackage();
+  const std::vector<Text> entries = EntriesOf(screen.PackageList);
+  if (session.app.Failures.empty()) session.output.Result(entries, JsonTexts(entries));
+  return session.Finish(true);
+}
+
+int RunVerify(Session& session, const Text& name) {
+  if (!RequirePackage(session, name)) return session.Finish(false);
+  PackageReport report;
+  const bool read = NotingFailures(session.app, [&] {
+    report = CheckPackage(*session.app.machine.files.Open(PackagePath(session, name)));
+  });
+  if (read) {
+    session.output.Result(report.Findings, {{"entries", report.Entries},
+                                            {"bytes", report.Bytes},
+                                            {"findings", JsonTexts(report.Findings)}});
+  }
+  return session.Finish(report.Findings.empty());
+}
+
+int RunInstall(Session& session, const Text& name) {
+  if (!session.RequireGame()) return session.Finish(false);
+  session.PrepareProgramFolder();
+  auto& screen = session.app.Screen<frmPackager>();
+  session.Follow(screen.TarvoProgress);
+  screen.cboFileName.SetText(name);
+  screen.InstallPackage();
+  return FinishWithMessage(session);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,80 @@
+#include "console/Session.h"
+
+#include "controls/ProgressBar.h"
+#include "platform/Files.h"
+#include "state/CommonUtilities.h"
+#include "state/StartUp.h"
+#include "text/Utf8.h"
+
+namespace tarvo {
+
+Session::Session(SessionDoors doors, const SessionOptions& options, std::ostream& results,
+                 std::ostream& words, std::function<std::optional<std::string>()> readLine)
+    : output(results, words, options.Json, options.Quiet),
+      dialogue(output, options.Answer, std::move(readLine)),
+      app({doors.files, doors.settings, doors.registry, *this, doors.locale, doors.clock, dialogue},
+          *this, dialogue, options.ProgramFolder),
+      showsProgress_(options.Terminal && !options.Quiet) {
+  app.shell = this;
+  app.State.GamePath = options.Game;
+  if (!options.Game.empty()) gameSource_ = u"option";
+}
+
+bool Session::RequireGame() {
+  if (!app.State.GamePath.empty()) {
+    if (app.machine.files.FolderExists(app.State.GamePath)) return true;
+    NoteFailure(app, PlatformError(u"open", app.State.GamePath, kNoSuchFile));
+    return false;
+  }
+  const FoundGame found = FindGame(app);
+  app.State.GamePath = found.Folder;
+  switch (found.Source) {
+    case tarvo::GameSource::Settings:
+      gameSource_ = u"settings";
+      return true;
+    case tarvo::GameSource::Registry:
+      gameSource_ = u"registry";
+      return true;
+    case tarvo::GameSource::Nowhere:
+      break;
+  }
+  Complain(u"The game's folder isn't known: name it with --game");
+  return false;
+}
+
+void Session::PrepareProgramFolder() {
+  MakeProgramFolders(app);
+}
+
+/// No command opens a form that waits: its dialogue is on the terminal.
+void Session::RunModal(Form& form) {
+  app.screens.Close(form);
+}
+
+void Session::Follow(ProgressBar& bar) {
+  if (showsProgress_) bar.Observe(this);
+}
+
+void Session::ControlChanged(Control& control) {
+  const auto& bar = static_cast<const ProgressBar&>(control);
+  const int percent = static_cast<int>((bar.Value() - bar.Min()) * 100 / (bar.Max() - bar.Min()));
+  if (percent == shownPercent_) return;
+  shownPercent_ = percent;
+  output.Progress(TextFromUtf8(std::to_string(percent)) + u" %");
+}
+
+void Session::Complain(TextView text) {
+  complained_ = true;
+  output.Say(text);
+}
+
+int Session::Finish(bool inOrder) {
+  int status = inOrder && !complained_ && !dialogue.Complained() ? kDone : kNotInOrder;
+  for (const Failure& failure : app.Failures) {
+    output.Say(failure.Words);
+    status = std::max<int>(status, failure.OnFile ? kFileFailure : kNotInOrder);
+  }
+  return status;
+}
+
+}  // namespace tarvo

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "console/ConsoleDialogue.h"
+#include "console/Output.h"
+#include "platform/Sound.h"
+#include "state/Application.h"
+#include "state/Shell.h"
+
+namespace tarvo {
+
+/// What the global options say.
+struct SessionOptions {
+  Text Game;           ///< The game's folder as a game path; empty to look for it.
+  Text ProgramFolder;  ///< As a game path.
+  Text Answer;         ///< "Yes", "No", "All", or empty to ask.
+  bool Json = false;
+  bool Quiet = false;
+  bool Terminal = false;  ///< Standard error is a terminal: a progress line is shown.
+};
+
+/// The doors that the console tool shares with the desktop program.
+struct SessionDoors {
+  Files& files;
+  Settings& settings;
+  Registry& registry;
+  Locale& locale;
+  Clock& clock;
+};
+
+/// One run of the console tool: the application with no window, no sound, and its dialogue on the
+/// terminal.
+class Session : private FormHost, private Shell, private Sound, private ControlObserver {
+ public:
+  Session(SessionDoors doors, const SessionOptions& options, std::ostream& results,
+          std::ostream& words, std::function<std::optional<std::string>()> readLine);
+
+  /// Finds the game. With none, says so and gives false.
+  bool RequireGame();
+
+  /// Makes the folders Tarvos, ShipTGLs and QBMenus of the program folder where they are missing.
+  void PrepareProgramFolder();
+
+  /// Where the game was found: "option", "settings", "registry", or empty for nowhere.
+  Text GameSource() const { return gameSource_; }
+
+  /// Shows the values of `bar` as the progress line.
+  void Follow(ProgressBar& bar);
+
+  /// Tells the failures that the command noted, and gives its exit status. `inOrder`: what the
+  /// command looked at is as it should be.
+  int Finish(bool inOrder);
+
+  /// The name or file isn't known or not in order: says so, for status 1.
+  void Complain(TextView text);
+
+  Output output;
+  ConsoleDialogue dialogue;
+  Application app;
+
+ private:
+  void Made(Form&) override {}
+  void RunModal(Form& form) override;
+  void Closed(Form&) override {}
+  void Quit() override {}
+  void ShowStatus(TextView) override {}
+  void ShowMainMenu() override {}
+  void WorkScreenClosed() override {}
+  void Play(TextView, unsigned) override {}
+  void ControlChanged(Control& control) override;
+  void ControlRefreshed(Control& control) override { ControlChanged(control); }
+  void ControlFocused(Control&) override {}
+
+  bool showsProgress_;
+  int shownPercent_ = -1;
+  Text gameSource_;
+  bool complained_ = false;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,121 @@
+#include "packages/PackageFormat.h"
+#include "packages/PackageReader.h"
+#include "packages/frmPackager.h"
+#include "platform/Files.h"
+#include "platform/Guarded.h"
+#include "platform/Locale.h"
+#include "platform/Sound.h"
+#include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
+#include "text/Utf8.h"
+
+namespace tarvo {
+namespace {
+
+/// More lines than this don't fit into a message box.
+constexpr std::size_t kShownWarnings = 12;
+
+/// Files up to this size are read once and written from memory; larger ones are searched for the
+/// marker first and then copied by the kernel.
+constexpr std::uint64_t kSmallFile = 128 * 1024;
+
+/// Appends one file to the package; true when it holds the marker.
+bool AppendBody(FileReplacement& package, FileReader& source) {
+  if (source.Size() > kSmallFile) {
+    const bool holdsMarker = HoldsMarker(source);
+    package.CopyFrom(source, 0, source.Size());
+    return holdsMarker;
+  }
+  FileText body(source.Size(), '\0');
+  body.resize(source.ReadAt(0, std::span(body)));
+  package.Write(body);
+  return body.find(kMarker) != FileText::npos;
+}
+
+}  // namespace
+
+void frmPackager::MakePackage() {
+  PlayEffect(app_, u"CommandBeep.wav", kPlayToEnd);
+  BeginCommand();
+  if (cboFileName.Text().empty()) {
+    app_.dialogue.PacMsg(u"You did not enter a File Name!!!", Title::Warning);
+    return;
+  }
+  if (lstFile.Count() == 0) {
+    app_.dialogue.PacMsg(u"There are no Files Selected to add to the Tarvo File!!!",
+                         Title::Warning);
+    return;
+  }
+  PlayEffect(app_, u"Scroll.wav", kPlayLoop);
+  app_.State.CurrentScreen.clear();
+  ShowProgress(lblFile.Caption.Get());
+  const bool written = WritePackage();
+  PlayEffect(app_, u"BackgroundBeep.wav", kPlay);
+  app_.dialogue.PacMsg(u"\"" + cboFileName.Text() + u".Tarvo\" has been Created!",
+                       Title::Information);
+  if (written) {
+    lstFile.Clear();
+    PackageList.clear();
+    lstTarvo.Reload();
+    FillPackageNames();
+  }
+  fraProgress.Visible = false;
+  app_.State.CurrentScreen = u"Packager";
+}
+
+/// False when the package couldn't be written; the user's choice of files is kept then, and an old
+/// package of that name stands.
+bool frmPackager::WritePackage() {
+  std::vector<Text> warnings;
+  try {
+    const auto package = app_.machine.files.Replace(PackagePath());
+    package->Write(PackageHead(PackageList, app_.machine.locale.ShortDate()));
+    for (const Text& entry : EntriesOf(PackageList)) {
+      lblFile.Caption = entry;
+      if (const auto reason = AppendEntry(*package, entry)) {
+        warnings.push_back(entry + u": " + *reason);
+      }
+      Guarded([&] { TarvoProgress.SetValue(TarvoProgress.Value() + 1); });
+      fraUpdateProgress.Refresh();
+    }
+    WarnOfUnpackable(warnings);
+    package->Commit();
+    return true;
+  } catch (const PlatformError& error) {
+    NoteFailure(app_, error);
+    return false;
+  }
+}
+
+/// Writes the section of one entry; gives the reason when the file can't come out again. A file
+/// that can't be opened gives an empty body.
+std::optional<Text> frmPackager::AppendEntry(FileReplacement& package, const Text& entry) {
+  std::optional<Text> reason = UnpackableReason(entry);
+  if (const auto source = OpenSource(entry)) {
+    const bool holdsMarker = AppendBody(package, *source);
+    if (holdsMarker && !reason) reason = u"it holds the text that ends a file in a Tarvo";
+  }
+  package.Write(BodyEnd());
+  return reason;
+}
+
+std::unique_ptr<FileReader> frmPackager::OpenSource(const Text& entry) {
+  try {
+    return app_.machine.files.Open(RootedPath(entry));
+  } catch (const PlatformError& error) {
+    NoteFailure(app_, error);
+    return {};
+  }
+}
+
+void frmPackager::WarnOfUnpackable(const std::vector<Text>& lines) {
+  if (lines.empty()) return;
+  Text text = u"These Files can't come out of the Tarvo again as they are:\n";
+  for (std::size_t i = 0; i < lines.size() && i < kShownWarnings; ++i) text += u"\n" + lines[i];
+  if (lines.size() > kShownWarnings) {
+    text += u"\n... and " + TextFromUtf8(std::to_string(lines.size() - kShownWarnings)) + u" more";
+  }
+  app_.dialogue.PacMsg(text, Title::Warning);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,184 @@
+#include "packages/frmPackager.h"
+
+#include "controls/ControlErrors.h"
+#include "packages/PackageFormat.h"
+#include "platform/Files.h"
+#include "platform/Guarded.h"
+#include "platform/Sound.h"
+#include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
+#include "state/Shell.h"
+#include "text/Paths.h"
+
+namespace tarvo {
+namespace {
+
+constexpr TextView kStatus = u"Create your Ship Mod Package here...";
+constexpr TextView kPackageEnding = u".Tarvo";
+
+/// The part of `folder` behind the length of `root`, with no backslash at its end.
+Text FolderBelow(const Text& folder, const Text& root) {
+  Text rootPath = root;
+  while (rootPath.ends_with(u'\\')) rootPath.pop_back();
+  Text below = folder.size() > rootPath.size() ? folder.substr(rootPath.size()) : Text();
+  while (below.ends_with(u'\\')) below.pop_back();
+  return below;
+}
+
+}  // namespace
+
+frmPackager::frmPackager(Application& app)
+    : Form(Style::Child, app.MainForm),
+      lstDrive(&fraTarvo, app.machine.files),
+      lstDir(&fraTarvo, app.machine.files),
+      lstFileSelect(&fraTarvo, app.machine.files, ListBox::Selection::Toggle),
+      lstTarvo(&fraTarvo, app.machine.files, ListBox::Selection::Single, u"*.Tarvo"),
+      app_(app) {
+  LayOut();
+  Connect();
+  app_.ProgressBars[u"Packager"] = &TarvoProgress;
+}
+
+frmPackager::~frmPackager() {
+  // A screen made anew before this one was freed has handed in its own bar.
+  const auto bar = app_.ProgressBars.find(u"Packager");
+  if (bar != app_.ProgressBars.end() && bar->second == &TarvoProgress) {
+    app_.ProgressBars.erase(bar);
+  }
+}
+
+void frmPackager::Load() {
+  const Text drive = app_.State.GamePath.substr(0, 2);
+  app_.shell->ShowStatus(kStatus);
+  Move(1180, 1740, 6900, 0);
+  fraTarvo.BackColour = kBlack;
+  Guarded([&] { lstDrive.SetDrive(drive); });
+  Guarded([&] { lstDir.SetPath(app_.State.GamePath); });
+  Guarded([&] { lstTarvo.SetPath(app_.ProgramFolder + u"\\Tarvos\\"); });
+  FillPackageNames();
+  app_.State.CurrentScreen = u"Packager";
+}
+
+void frmPackager::Unload() {
+  app_.shell->WorkScreenClosed();
+}
+
+void frmPackager::Connect() {
+  const auto click = [this] { PlayEffect(app_, u"Click.wav", kPlayUnlessBusy); };
+  lstDrive.OnChange = [this, click] {
+    click();
+    Guarded([&] { lstDir.SetPath(lstDrive.Drive().substr(0, 2) + u"\\"); });
+  };
+  lstDir.OnChange = [this, click] {
+    click();
+    Guarded([&] { lstFileSelect.SetPath(lstDir.Path()); });
+  };
+  lstFile.OnClick = click;
+  lstFileSelect.OnClick = click;
+  cboFileName.OnClick = [this] { ListPackage(); };
+  lblModels.OnClick = [this] { ShowShortcut(app_.State.GamePath, u"\\data\\Models\\Ships\\"); };
+  lblScripts.OnClick = [this] { ShowShortcut(app_.State.GamePath, u"\\scripts\\ships\\"); };
+  lblPlugins.OnClick = [this] { ShowShortcut(app_.State.GamePath, u"\\scripts\\Custom\\Ships\\"); };
+  lblTGL.OnClick = [this] { ShowShortcut(app_.ProgramFolder, u"\\ShipTGLs\\"); };
+  lblAdd.OnClick = [this] { AddFiles(); };
+  lblAddAll.OnClick = [this] { AddAllFiles(); };
+  lblRemove.OnClick = [this] { RemoveFiles(); };
+  lblSave.OnClick = [this] { MakePackage(); };
+  lblTest.OnClick = [this] { InstallPackage(); };
+  lblExit.OnClick = [this, click] {
+    click();
+    app_.screens.Close(*this);
+  };
+  Load_Timer.OnTimer = [this] { Unroll(); };
+}
+
+void frmPackager::Unroll() {
+  if (Height < 5055) {
+    Height = Height + 150;
+  } else {
+    Height = 5065;
+    Load_Timer.Enabled = false;
+  }
+}
+
+void frmPackager::FillPackageNames() {
+  cboFileName.Clear();
+  for (std::size_t row = 0; row < lstTarvo.Count(); ++row) {
+    const Text& name = lstTarvo.Item(row);
+    cboFileName.Add(name.substr(0, name.size() - kPackageEnding.size()));
+  }
+}
+
+/// A folder that doesn't exist leaves the lists as they were, and the status line says so.
+void frmPackager::ShowShortcut(const Text& root, TextView below) {
+  const Text folder = JoinPath(root, below);
+  const bool shown = Guarded([&] {
+    if (!app_.machine.files.FolderExists(folder)) throw PathNotFound(u"frmPackager", folder);
+    lstDrive.SetDrive(folder.substr(0, 2));
+    lstDir.SetPath(folder);
+  });
+  app_.shell->ShowStatus(shown ? Text(kStatus) : u"There is no Folder " + folder);
+}
+
+Text frmPackager::EntryOf(const Text& fileName) const {
+  const Text& root = IsTGLEntry(fileName) ? app_.ProgramFolder : app_.State.GamePath;
+  return FolderBelow(lstFileSelect.Path(), root) + u"\\" + fileName;
+}
+
+void frmPackager::AddFiles() {
+  PlayEffect(app_, u"CommandBeep.wav", kPlay);
+  for (std::size_t row = 0; row < lstFileSelect.Count(); ++row) {
+    if (!lstFileSelect.Selected(row)) continue;
+    const Text& name = lstFileSelect.Item(row);
+    PackageList += EntryOf(name) + u"\r\n";
+    lstFile.Add(name);
+  }
+  lstFile.Refresh();
+  lstFileSelect.Reload();
+}
+
+void frmPackager::AddAllFiles() {
+  PlayEffect(app_, u"CommandBeep.wav", kPlay);
+  for (std::size_t row = 0; row < lstFileSelect.Count(); ++row) {
+    lstFileSelect.SetSelected(row, true);
+  }
+  AddFiles();
+}
+
+void frmPackager::RemoveFiles() {
+  PlayEffect(app_, u"CommandBeep.wav", kPlay);
+  const std::vector<Text> entries = EntriesOf(PackageList);
+  Text kept;
+  for (std::size_t row = 0; row < entries.size(); ++row) {
+    const bool selected = row < lstFile.Count() && lstFile.Selected(row);
+    if (!selected) kept += entries[row] + u"\r\n";
+  }
+  for (std::size_t row = lstFile.Count(); row-- > 0;) {
+    if (lstFile.Selected(row)) lstFile.RemoveAt(row);
+  }
+  lstFile.Refresh();
+  PackageList = std::move(kept);
+}
+
+void frmPackager::BeginCommand() {
+  app_.Failures.clear();
+  app_.shell->ShowStatus(kStatus);
+}
+
+void frmPackager::ShowProgress(TextView file) {
+  fraProgress.Visible = true;
+  lblFile.Caption = Text(file);
+  const auto steps = static_cast<std::int64_t>(lstFile.Count()) + 1;
+  Guarded([&] { TarvoProgress.SetRange(1, steps, 1); });
+  fraProgress.Refresh();
+}
+
+Text frmPackager::PackagePath() const {
+  return app_.ProgramFolder + u"\\Tarvos\\" + cboFileName.Text() + Text(kPackageEnding);
+}
+
+Text frmPackager::RootedPath(const Text& entry) const {
+  return JoinPath(IsTGLEntry(entry) ? app_.ProgramFolder : app_.State.GamePath, entry);
+}
+
+}  // namespace tarvo

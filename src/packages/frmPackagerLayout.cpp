@@ -1,0 +1,76 @@
+#include "controls/Palette.h"
+#include "packages/frmPackager.h"
+
+namespace tarvo {
+namespace {
+
+void Place(Button& button, TextView caption, Colour colour, int left, int top, int width) {
+  button.Caption = Text(caption);
+  button.BackColour = colour;
+  button.Move(left, top, width, 345);
+}
+
+void Place(Control& list, TextView name, int left, int top, int width, int height) {
+  list.AccessibleName = Text(name);
+  list.BackColour = palette::kPanel;
+  list.ForeColour = palette::kPeach;
+  list.Move(left, top, width, height);
+}
+
+void Place(Label& label, TextView caption, int left, int top, int width) {
+  label.Caption = Text(caption);
+  label.ForeColour = palette::kPeach;
+  label.Move(left, top, width, 270);
+}
+
+}  // namespace
+
+void frmPackager::LayOut() {
+  fraTarvo.Move(0, 0, 6900, 5065);
+  LayOutLists();
+  LayOutCommands();
+  LayOutProgress();
+}
+
+/// Three columns: the folders, the files of the folder at hand, the files of the package.
+void frmPackager::LayOutLists() {
+  Place(Label1, u"Select Files to add to Tarvo File!!!", 150, 90, 6600);
+  Label1.Font = {FontRole::Normal, 9};
+  Place(lblModels, u"Models", palette::kPeach, 150, 420, 1260);
+  Place(lblScripts, u"Scripts", palette::kPeach, 1500, 420, 1260);
+  Place(lblPlugins, u"Plugins", palette::kPeach, 2850, 420, 1260);
+  Place(lblTGL, u"TGL", palette::kPeach, 4200, 420, 1260);
+  Place(lstDrive, u"Drive", 150, 885, 2100, 345);
+  Place(lstDir, u"Folders", 150, 1275, 2100, 2640);
+  Place(lstFileSelect, u"Files of the folder", 2370, 885, 2160, 2640);
+  Place(lstFile, u"Files of the package", 4650, 885, 2100, 2640);
+}
+
+void frmPackager::LayOutCommands() {
+  Place(lblAdd, u"Add File", palette::kBlue, 2370, 3600, 945);
+  Place(lblAddAll, u"Add All Files", palette::kBlue, 3360, 3600, 1170);
+  Place(lblRemove, u"Remove Files", palette::kBlue, 4650, 3600, 2100);
+  Place(Label2, u"File Name", 2370, 4117, 870);
+  Place(cboFileName, u"File name of the package", 3240, 4080, 3510, 345);
+  lstTarvo.Visible = false;
+  Place(lblSave, u"Make Tarvo", palette::kOrange, 150, 4575, 2100);
+  Place(lblTest, u"Unpak Test", palette::kOrange, 2370, 4575, 2160);
+  Place(lblExit, u"Exit", palette::kViolet, 4650, 4575, 2100);
+}
+
+void frmPackager::LayOutProgress() {
+  fraProgress.Visible = false;
+  fraProgress.Move(900, 1500, 5100, 1650);
+  fraProgress.BackColour = palette::kPanel;
+  fraProgress.ForeColour = palette::kOrange;
+  Place(Label15, u"Scanning...", 240, 180, 4620);
+  Label15.Font = {FontRole::Normal, 9};
+  fraUpdateProgress.Move(240, 540, 4620, 930);
+  fraUpdateProgress.BackColour = palette::kPanel;
+  TarvoProgress.Move(0, 60, 4620, 270);
+  TarvoProgress.BackColour = kBlack;
+  TarvoProgress.ForeColour = palette::kBlue;
+  Place(lblFile, u"", 0, 450, 4620);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,48 @@
+#include "shell/frmMain.h"
+
+#include "controls/Palette.h"
+#include "platform/Windows.h"
+#include "shell/frmMainMenu.h"
+#include "state/StartUp.h"
+
+namespace tarvo {
+
+frmMain::frmMain(Application& app) : Form(Style::Window, nullptr), app_(app) {
+  Caption = u"Tarvo Packager";
+  Width = 9630;
+  Height = 7500;
+  StatusBar.Move(0, 7185, 9630, 315);
+  StatusBar.BackColour = palette::kPanel;
+  StatusBar.ForeColour = palette::kPeach;
+  StatusBar.Panel1 = u"Status";
+  app_.MainForm = this;
+  app_.shell = this;
+}
+
+void frmMain::Load() {
+  const TwipSize screen = app_.machine.windows.ScreenSize();
+  Left = screen.Width / 2 - Width / 2;
+  Top = screen.Height / 2 - Height / 2;
+  StartUpSequence(app_);
+  Caption = u"Tarvo Packager (" + app_.State.AppVersion + u")";
+}
+
+/// Closed by its close box: the process ends with its last window.
+void frmMain::Unload() {
+  app_.screens.Host().Quit();
+}
+
+void frmMain::ShowStatus(TextView text) {
+  StatusBar.Panel1 = Text(text);
+}
+
+void frmMain::ShowMainMenu() {
+  app_.Screen<frmMainMenu>().Visible = true;
+}
+
+void frmMain::WorkScreenClosed() {
+  ShowStatus(u"Standing By...");
+  if (auto* menu = app_.screens.Find<frmMainMenu>()) menu->TakeOver();
+}
+
+}  // namespace tarvo

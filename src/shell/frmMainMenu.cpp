@@ -1,0 +1,103 @@
+#include "shell/frmMainMenu.h"
+
+#include <cmath>
+#include <string>
+
+#include "controls/Palette.h"
+#include "packages/frmPackager.h"
+#include "platform/Clock.h"
+#include "platform/Sound.h"
+#include "state/CommonUtilities.h"
+#include "text/Utf8.h"
+
+namespace tarvo {
+
+frmMainMenu::frmMainMenu(Application& app) : Form(Style::Child, app.MainForm), app_(app) {
+  LayOut();
+  Connect();
+}
+
+void frmMainMenu::Load() {
+  Move(0, 0, 1, 7185);
+}
+
+void frmMainMenu::LayOut() {
+  const auto place = [](Button& button, TextView caption, Colour colour, int left, int top) {
+    button.Caption = Text(caption);
+    button.BackColour = colour;
+    button.Font = {FontRole::Normal, 9};
+    button.Move(left, top, 1440, 360);
+  };
+  place(lblGameTools, u"Game Tools", palette::kOrange, 1320, 360);
+  place(lblTGLTools, u"TGL Tools", palette::kOrange, 1320, 840);
+  place(lblPackager, u"Packager", palette::kOrange, 3000, 360);
+  place(lblOptions, u"Options", palette::kViolet, 3000, 840);
+  place(lblHelp, u"Help", palette::kViolet, 4680, 360);
+  place(lblExit, u"Exit", palette::kViolet, 4680, 840);
+  // Their screens don't exist yet.
+  for (Button* button : {&lblGameTools, &lblTGLTools, &lblOptions, &lblHelp}) {
+    button->Enabled = false;
+  }
+  lblTitle.Caption = u"Main Menu";
+  lblTitle.ForeColour = Colour{255, 192, 128};
+  lblTitle.Font = {FontRole::Normal, 10};
+  lblTitle.Move(6535, 1410, 1305, 255);
+  int top = 2040;
+  for (Label& digits : lblDigits) {
+    digits.Font = {FontRole::Digits, 12};
+    digits.ForeColour = palette::kBlue;
+    digits.Alignment = Label::Align::Right;
+    digits.Move(8190, top, 1095, 300);
+    top += 645;
+  }
+}
+
+void frmMainMenu::Connect() {
+  lblPackager.OnClick = [this] { Open<frmPackager>(lblPackager, u"Packager"); };
+  lblExit.OnClick = [this] { Exit(); };
+  Digits_Timer.OnTimer = [this] { ChangeDigits(); };
+  MainMenu_Timer.OnTimer = [this] {
+    if (Width < 9465) {
+      Width = Width + 150;
+    } else {
+      MainMenu_Timer.Enabled = false;
+    }
+  };
+}
+
+template <class Screen>
+void frmMainMenu::Open(Button& button, TextView title) {
+  PlayEffect(app_, u"Execute.wav", kPlay);
+  button.Enabled = false;
+  lblTitle.Caption = Text(title);
+  opener_ = &button;
+  app_.Screen<Screen>().Visible = true;
+  Enabled = false;
+}
+
+void frmMainMenu::TakeOver() {
+  lblTitle.Caption = u"Main Menu";
+  if (opener_) opener_->Enabled = true;
+  Enabled = true;
+  if (opener_) opener_->SetFocus();
+  opener_ = nullptr;
+}
+
+void frmMainMenu::ChangeDigits() {
+  Clock& clock = app_.machine.clock;
+  clock.Randomize();
+  for (std::size_t i = 0; i < lblDigits.size(); ++i) {
+    if (clock.Random() < 0.5) continue;
+    const long number = std::lround(clock.Random() * 999999 + 1);
+    lblDigits[i].Caption = TextFromUtf8(std::to_string(number));
+    if (i == 0) PlayEffect(app_, u"BackgroundBeep.wav", kPlayUnlessBusy);
+  }
+}
+
+void frmMainMenu::Exit() {
+  PlayEffect(app_, u"ShutDown.wav", kPlayToEnd);
+  app_.MainForm->Visible = false;
+  app_.screens.Host().Quit();
+}
+
+}  // namespace tarvo

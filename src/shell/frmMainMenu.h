@@ -1,0 +1,45 @@
+#pragma once
+
+#include <array>
+
+#include "controls/Button.h"
+#include "controls/Form.h"
+#include "controls/Label.h"
+#include "controls/Timer.h"
+#include "state/Application.h"
+
+namespace tarvo {
+
+/// The screen that fills the top window from the start: buttons to the other screens, of which one
+/// at a time is open, and decoration.
+class frmMainMenu : public Form {
+ public:
+  explicit frmMainMenu(Application& app);
+
+  void Load() override;
+
+  /// A work screen has closed: its button and the menu are switched on again.
+  void TakeOver();
+
+  Button lblGameTools{this}, lblTGLTools{this}, lblPackager{this}, lblOptions{this}, lblHelp{this},
+      lblExit{this};
+  Label lblTitle{this};
+  std::array<Label, 7> lblDigits{Label{this}, Label{this}, Label{this}, Label{this},
+                                 Label{this}, Label{this}, Label{this}};
+  Timer Digits_Timer{this, 1500};
+  Timer MainMenu_Timer{this, 15};
+
+ private:
+  void LayOut();
+  void Connect();
+  void ChangeDigits();
+  void Exit();
+
+  template <class Screen>
+  void Open(Button& button, TextView title);
+
+  Application& app_;
+  Button* opener_ = nullptr;  ///< The button of the work screen that is open.
+};
+
+}  // namespace tarvo

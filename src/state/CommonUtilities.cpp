@@ -1,0 +1,148 @@
+#include "state/CommonUtilities.h"
+
+#include <algorithm>
+#include <span>
+
+#include "platform/Files.h"
+#include "platform/Guarded.h"
+#include "platform/Sound.h"
+#include "platform/Windows.h"
+#include "state/ReadProgress.h"
+#include "state/Shell.h"
+#include "text/Paths.h"
+#include "text/Utf8.h"
+
+namespace tarvo {
+namespace {
+
+void CopyOneFile(Files& files, TextView from, TextView to) {
+  const auto source = files.Open(from);
+  const auto target = files.Replace(to);
+  target->CopyFrom(*source, 0, source->Size());
+  target->Commit();
+}
+
+void CopyFolderTree(Files& files, const Text& from, const Text& to) {
+  if (!files.FolderExists(to)) files.MakeFolder(to);
+  for (const Text& name : files.FileNames(from)) {
+    CopyOneFile(files, JoinPath(from, name), JoinPath(to, name));
+  }
+  for (const Text& name : files.FolderNames(from)) {
+    CopyFolderTree(files, JoinPath(from, name), JoinPath(to, name));
+  }
+}
+
+/// Appends the next chunk of the file to `text`; false at its end.
+bool ReadChunk(FileReader& file, std::uint32_t chunkSize, FileText& text) {
+  const std::size_t before = text.size();
+  const std::uint64_t left = file.Size() - std::min<std::uint64_t>(file.Size(), before);
+  const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(chunkSize, left));
+  text.resize(before + wanted);
+  const std::size_t got = file.ReadAt(before, std::span(text).subspan(before));
+  text.resize(before + got);
+  return got > 0;
+}
+
+void Note(Application& app, Failure failure) {
+  app.Failures.push_back(std::move(failure));
+  Text line = app.Failures.front().Words;
+  const std::size_t more = app.Failures.size() - 1;
+  if (more > 0) line += u" (and " + TextFromUtf8(std::to_string(more)) + u" more)";
+  app.shell->ShowStatus(line);
+}
+
+}  // namespace
+
+TextView CheckFile(Application& app, TextView path) {
+  if (app.machine.files.FileExists(path)) return kFileOk;
+  ++app.State.MissingFileCount;
+  return kFileMissing;
+}
+
+void ClearReadOnly(Application& app, TextView path) {
+  Guarded([&] {
+    app.machine.files.Attributes(path);
+    app.machine.files.SetAttributes(path, kNormalFile);
+  });
+}
+
+void CopyFolders(Application& app, TextView source, TextView destination) {
+  Files& files = app.machine.files;
+  Guarded([&] {
+    const std::size_t slash = source.rfind(u'\\');
+    const Text parent = FolderWithoutTail(source.substr(0, slash + 1));
+    const TextView pattern = source.substr(slash + 1);
+    for (const Text& name : files.FolderNames(parent)) {
+      if (!MatchesPattern(name, pattern)) continue;
+      CopyFolderTree(files, JoinPath(parent, name), JoinPath(destination, name));
+    }
+  });
+}
+
+FileText ReadFileText(Application& app, TextView path) {
+  Files& files = app.machine.files;
+  FileText text;
+  const bool hasBar = HasReadBar(app);
+  bool opened = false;
+  const bool done = Guarded([&] {
+    if (!hasBar && !files.FileExists(path)) files.MakeEmptyFile(path);
+    const auto file = files.Open(path);
+    opened = true;
+    ReadProgress progress(app, file->Size());
+    while (ReadChunk(*file, std::max(1u, app.State.ReadChunkSize), text)) progress.Advance();
+  });
+  if (!done && opened && text.empty()) {
+    Guarded([&] {
+      if (files.FileSize(path) == 0) files.Remove(path);
+    });
+  }
+  return text;
+}
+
+void WriteFileText(Application& app, TextView path, FileTextView text) {
+  if (text.empty()) return;
+  try {
+    const auto file = app.machine.files.Replace(path);
+    file->Write(text);
+    file->Commit();
+  } catch (const PlatformError& error) {
+    TellCantWrite(app, path, error);
+  }
+}
+
+void TellCantWrite(Application& app, TextView path, const PlatformError& error) {
+  NoteFailure(app, error);
+  app.machine.windows.ShowMessage(
+      u"Can't write to File " + Text(path) + u"!!!  This File is Corrupted or Missing!", u"",
+      BoxIcon::Critical);
+}
+
+void PlaySoundFX(Application& app, TextView file, unsigned flags) {
+  if (app.State.SoundFX) app.machine.sound.Play(file, flags);
+}
+
+void PlayEffect(Application& app, TextView name, unsigned flags) {
+  PlaySoundFX(app, app.ProgramFolder + u"\\Sfx\\" + Text(name), flags);
+}
+
+void NoteFailure(Application& app, const PlatformError& error) {
+  Note(app, {Words(error), true});
+}
+
+void NoteFailure(Application& app, const RaisedError& error) {
+  Note(app, {error.Description, false});
+}
+
+Text helper_TrimNull(TextView text) {
+  const std::size_t first = text.find_first_not_of(u' ');
+  if (first == TextView::npos) return {};
+  text = text.substr(first, text.find_last_not_of(u' ') - first + 1);
+  return Text(text.substr(0, text.find(u'\0')));
+}
+
+Text helper_Win32ErrorText(std::optional<std::int32_t> errorCode) {
+  const Text words = SystemErrorText(errorCode.value_or(LastSystemError()));
+  return words.empty() ? Text(u"Unknown Win32 Error.") : helper_TrimNull(words);
+}
+
+}  // namespace tarvo

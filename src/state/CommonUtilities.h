@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "platform/PlatformError.h"
+#include "state/Application.h"
+#include "text/RaisedError.h"
+#include "text/Text.h"
+
+namespace tarvo {
+
+/// The small routines that everything else calls. None of the file routines throws a failure at
+/// its caller. Paths are whole game paths.
+
+/// CheckFile's two answers, which callers compare and print.
+inline constexpr TextView kFileOk = u"--> OK!";
+inline constexpr TextView kFileMissing = u"--> ERROR:  Missing File!!!";
+
+/// Tells whether a file is there. A folder counts as missing; a miss adds 1 to MissingFileCount.
+TextView CheckFile(Application& app, TextView path);
+
+/// Clears the file's attributes, the read-only mark among them. A failure ends it quietly.
+void ClearReadOnly(Application& app, TextView path);
+
+/// Copies the folders in `source`, with all that is below them, into `destination`; existing files
+/// are overwritten. `source` may end in a wildcard, which picks folders: "…\Foundation\*". A
+/// failure ends it quietly.
+void CopyFolders(Application& app, TextView source, TextView destination);
+
+/// Gives the whole file, and drives the progress bar of CurrentScreen in steps of ReadChunkSize.
+/// Silent on every failure: what was read until then is the result. A missing file gives an empty
+/// text; where CurrentScreen has no bar it then exists, with no bytes, and where there is a bar a
+/// file of no bytes is deleted.
+FileText ReadFileText(Application& app, TextView path);
+
+/// Makes `text` the file's bytes, by atomic replacement. An empty text changes nothing. A failure
+/// is told in a message box and noted; the file then stands as it was.
+void WriteFileText(Application& app, TextView path, FileTextView text);
+
+/// What WriteFileText does when it can't write, for routines that write a file piece by piece.
+void TellCantWrite(Application& app, TextView path, const PlatformError& error);
+
+/// Plays a wave file, named by its whole path, unless SoundFX is off. `flags` as in Sound::Play.
+void PlaySoundFX(Application& app, TextView file, unsigned flags);
+
+/// PlaySoundFX with a file of the folder \Sfx\ of the program folder.
+void PlayEffect(Application& app, TextView name, unsigned flags);
+
+/// Notes a failure of the current command: the status line tells the first one, and how many more
+/// there are.
+void NoteFailure(Application& app, const PlatformError& error);
+void NoteFailure(Application& app, const RaisedError& error);
+
+/// Runs one step of a command; a raised error or a failure of the platform ends it and is noted.
+/// Gives true when the step ran to its end.
+template <class Step>
+bool NotingFailures(Application& app, Step&& step) {
+  try {
+    step();
+    return true;
+  } catch (const RaisedError& error) {
+    NoteFailure(app, error);
+  } catch (const PlatformError& error) {
+    NoteFailure(app, error);
+  }
+  return false;
+}
+
+/// `text` without blanks at its ends, up to its first NUL.
+Text helper_TrimNull(TextView text);
+
+/// The system's words for a code, or for its last error; "Unknown Win32 Error." for a code that it
+/// doesn't know.
+Text helper_Win32ErrorText(std::optional<std::int32_t> errorCode = {});
+
+}  // namespace tarvo

@@ -1,0 +1,127 @@
+#include "state/StartUp.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "platform/Files.h"
+#include "platform/Guarded.h"
+#include "platform/Settings.h"
+#include "platform/Sound.h"
+#include "state/CommonUtilities.h"
+#include "state/Shell.h"
+#include "text/LetterCase.h"
+#include "text/Utf8.h"
+
+namespace tarvo {
+namespace {
+
+Text ReadSetting(Application& app, TextView key, TextView fallback) {
+  return app.machine.settings.Read(kSettingsApplication, kSettingsSection, key, fallback);
+}
+
+bool HoldsGame(Application& app, const Text& folder) {
+  return CheckFile(app, folder + u"\\stbc.exe") == kFileOk;
+}
+
+/// The game's folder in the registry; empty when there is none.
+Text RegisteredGame(Application& app) {
+  for (const TextView version : {u"V1.0", u"V1.1"}) {
+    Text folder;
+    Guarded([&] {
+      folder = helper_RegReadString(
+          app, kLocalMachine,
+          u"SOFTWARE\\Activision\\Star Trek: Bridge Commander\\" + Text(version), u"INSTALLPATH");
+    });
+    if (!folder.empty()) return folder;
+  }
+  return {};
+}
+
+/// A stored flag: a number is false when it is 0, the words True and False count too, and any
+/// other text says nothing.
+std::optional<bool> FlagOf(TextView text) {
+  if (EqualIgnoringCase(text, u"True")) return true;
+  if (EqualIgnoringCase(text, u"False")) return false;
+  try {
+    const std::string bytes = Utf8FromText(text);
+    std::size_t used = 0;
+    const double number = std::stod(bytes, &used);
+    if (bytes.find_first_not_of(' ', used) != std::string::npos) return {};
+    return number != 0;
+  } catch (const std::logic_error&) {
+    return {};
+  }
+}
+
+void ReadFlag(Application& app, TextView key, TextView fallback, bool& field) {
+  field = FlagOf(ReadSetting(app, key, fallback)).value_or(field);
+}
+
+}  // namespace
+
+Text helper_QueryRegStringValue(RegistryKey& key, TextView valueName) {
+  try {
+    const std::optional<RegistryValue> value = key.Query(valueName);
+    if (!value) return {};
+    if (value->Type == kRegistryString) return helper_TrimNull(value->String);
+    if (value->Type != kRegistryBinary) return {};
+    std::uint16_t number = 0;
+    for (std::size_t i = 0; i < std::min<std::size_t>(2, value->Data.size()); ++i) {
+      number |= static_cast<std::uint16_t>(static_cast<unsigned char>(value->Data[i]) << (8 * i));
+    }
+    return TextFromUtf8(std::to_string(static_cast<std::int16_t>(number)));
+  } catch (const PlatformError& error) {
+    throw RaisedError(u"helper_QueryRegStringValue",
+                      u"Registry query error!  Error: " + helper_Win32ErrorText(error.Code));
+  }
+}
+
+Text helper_RegReadString(Application& app, std::uint32_t root, TextView keyPath,
+                          TextView valueName) {
+  std::unique_ptr<RegistryKey> key;
+  try {
+    key = app.machine.registry.OpenKey(root, keyPath);
+  } catch (const PlatformError& error) {
+    throw RaisedError(u"helper_RegReadString", u"Error opening registry path '" + Text(keyPath) +
+                                                   u"'!  Error: " +
+                                                   helper_Win32ErrorText(error.Code));
+  }
+  return helper_QueryRegStringValue(*key, valueName);
+}
+
+FoundGame FindGame(Application& app) {
+  Text stored = ReadSetting(app, u"GamePath", u"");
+  if (!stored.empty() && HoldsGame(app, stored)) return {std::move(stored), GameSource::Settings};
+  Text registered = RegisteredGame(app);
+  if (registered.empty()) return {};
+  return {std::move(registered), GameSource::Registry};
+}
+
+void MakeProgramFolders(Application& app) {
+  for (const TextView name : {u"Tarvos", u"ShipTGLs", u"QBMenus"}) {
+    const Text folder = app.ProgramFolder + u"\\" + Text(name);
+    if (app.machine.files.FolderExists(folder)) continue;
+    Guarded([&] { app.machine.files.MakeFolder(folder); });
+  }
+}
+
+void StartUpSequence(Application& app) {
+  AppState& state = app.State;
+  state.ReadChunkSize = 1024;
+  state.AppVersion = u"BETA v4.0";
+  state.GamePath = FindGame(app).Folder;
+  Guarded([&] {
+    app.machine.settings.Write(kSettingsApplication, kSettingsSection, u"GamePath", state.GamePath);
+  });
+  ReadFlag(app, u"PacHelper", u"False", state.PacHelper);
+  ReadFlag(app, u"SoundFX", u"True", state.SoundFX);
+  ReadFlag(app, u"VideoFX", u"True", state.VideoFX);
+  PlayEffect(app, u"SystemsOnline.wav", kPlay);
+  MakeProgramFolders(app);
+  app.shell->ShowMainMenu();
+  app.shell->ShowStatus(u"Standing By...");
+  ClearReadOnly(app, state.GamePath + u"\\data\\TGL\\QuickBattle\\QuickBattle.TGL");
+  ClearReadOnly(app, state.GamePath + u"\\data\\TGL\\Ships.TGL");
+}
+
+}  // namespace tarvo
