@@ -15,6 +15,7 @@
 #include "packages/frmPackager.h"
 #include "platform/Clock.h"
 #include "platform/Locale.h"
+#include "platform/PlatformError.h"
 #include "platform/Registry.h"
 #include "platform/Settings.h"
 #include "platform/Sound.h"
@@ -24,6 +25,7 @@
 #include "shell/frmMain.h"
 #include "shell/frmMainMenu.h"
 #include "state/Dialogue.h"
+#include "text/RaisedError.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
