@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "platform/Clock.h"
@@ -19,6 +20,10 @@ struct HostMachine {
   std::unique_ptr<Locale> locale;
   std::unique_ptr<Clock> clock;
 };
+
+/// The files of the machine. `journalFolder` is a folder of the host for the journal of temporary
+/// files, made on first use; empty for no journal.
+std::unique_ptr<Files> OpenFiles(std::string journalFolder);
 
 /// Opens them for the user of the process, and deletes the temporary files that ended processes
 /// of his have left.

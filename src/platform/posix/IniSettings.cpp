@@ -1,6 +1,7 @@
 #include "platform/posix/IniSettings.h"
 
 // The file is UTF-8, and so is what we ask for: nothing needs converting.
+#define SI_IMPLEMENTATION
 #define SI_NO_CONVERSION
 #include <SimpleIni.h>
 #include <fcntl.h>

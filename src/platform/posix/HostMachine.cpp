@@ -1,0 +1,50 @@
+#include "platform/HostMachine.h"
+
+#include <filesystem>
+
+#include "platform/SystemClock.h"
+#include "platform/posix/HostPaths.h"
+#include "platform/posix/IniSettings.h"
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/PosixLocale.h"
+#include "platform/posix/UserFolders.h"
+#include "platform/posix/WinePrefixes.h"
+#include "platform/posix/WineRegistry.h"
+#include "text/Paths.h"
+#include "text/Utf8.h"
+
+namespace tarvo {
+
+std::unique_ptr<Files> OpenFiles(std::string journalFolder) {
+  return std::make_unique<PosixFiles>(std::move(journalFolder));
+}
+
+HostMachine OpenHostMachine() {
+  HostMachine machine;
+  machine.files = OpenFiles(DefaultJournalFolder());
+  machine.files->RemoveAbandoned();
+  machine.settings = std::make_unique<IniSettings>(DefaultSettingsFile());
+  machine.registry =
+      std::make_unique<WineRegistry>(UsualWinePrefixes(CurrentWineEnvironment()));
+  machine.locale = std::make_unique<PosixLocale>();
+  machine.clock = std::make_unique<SystemClock>();
+  return machine;
+}
+
+Text ProgramFolder() {
+  std::error_code failed;
+  const auto file = std::filesystem::read_symlink("/proc/self/exe", failed);
+  return GamePathOf(file.parent_path().native());
+}
+
+Text GamePathFromArgument(std::string_view argument) {
+  const bool hasDrive = argument.size() >= 2 && argument[1] == ':';
+  if (hasDrive || argument.starts_with('\\')) {
+    return FolderWithoutTail(TextFromUtf8(argument));
+  }
+  std::error_code failed;
+  const auto folder = std::filesystem::absolute(argument, failed).lexically_normal();
+  return FolderWithoutTail(GamePathOf(folder.native()));
+}
+
+}  // namespace tarvo
