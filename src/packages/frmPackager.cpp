@@ -111,7 +111,7 @@ void frmPackager::FillPackageNames() {
 
 /// A folder that doesn't exist leaves the lists as they were, and the status line says so.
 void frmPackager::ShowShortcut(const Text& root, TextView below) {
-  const Text folder = JoinPath(root, below);
+  const Text folder = FolderWithoutTail(JoinPath(root, below));
   const bool shown = Guarded([&] {
     if (!app_.machine.files.FolderExists(folder)) throw PathNotFound(u"frmPackager", folder);
     lstDrive.SetDrive(folder.substr(0, 2));

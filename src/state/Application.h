@@ -44,11 +44,10 @@ class Application {
   /// `programFolder`: the folder of the program's own file as a game path, without a backslash at
   /// its end. All references must outlive the application.
   Application(Machine doors, FormHost& host, Dialogue& talk, Text programFolder)
-      : machine(doors), dialogue(talk), screens(host), ProgramFolder(std::move(programFolder)) {}
+      : machine(doors), dialogue(talk), ProgramFolder(std::move(programFolder)), screens(host) {}
 
   Machine machine;
   Dialogue& dialogue;
-  Screens screens;
   const Text ProgramFolder;
   AppState State;
 
@@ -64,6 +63,9 @@ class Application {
 
   /// What the user must hear of beside the messages, since the last command began.
   std::vector<Failure> Failures;
+
+  /// The last member: the forms that still stand at the end let go of the ones above.
+  Screens screens;
 
   template <class T>
   T& Screen() {

@@ -37,9 +37,9 @@ bool ReadChunk(FileReader& file, std::uint32_t chunkSize, FileText& text) {
   const std::size_t before = text.size();
   const std::uint64_t left = file.Size() - std::min<std::uint64_t>(file.Size(), before);
   const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(chunkSize, left));
-  text.resize(before + wanted);
-  const std::size_t got = file.ReadAt(before, std::span(text).subspan(before));
-  text.resize(before + got);
+  FileText block(wanted, '\0');
+  const std::size_t got = file.ReadAt(before, std::span(block));
+  text.append(block, 0, got);
   return got > 0;
 }
 

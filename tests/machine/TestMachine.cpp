@@ -1,0 +1,79 @@
+#include "machine/TestMachine.h"
+
+#include <algorithm>
+
+#include "assistant/frmPac_InputBox.h"
+#include "platform/HostMachine.h"
+#include "text/Paths.h"
+
+namespace tarvo::test {
+namespace {
+
+void Gather(Files& files, const Text& folder, const Text& prefix, std::vector<Text>& found) {
+  for (const Text& name : files.FileNames(folder)) found.push_back(prefix + u"\\" + name);
+  for (const Text& name : files.FolderNames(folder)) {
+    Gather(files, JoinPath(folder, name), prefix + u"\\" + name, found);
+  }
+}
+
+}  // namespace
+
+TestMachine::TestMachine()
+    : disk(OpenFiles(folder.Host("journal"))),
+      files(*disk),
+      dialogue(app),
+      app({files, settings, registry, sound, locale, clock, *this}, *this, dialogue,
+          ProgramFolder()) {
+  WriteFile(GameFolder() + u"\\stbc.exe", "game");
+  WriteFile(ProgramFolder() + u"\\tarvo", "program");
+  settings.Write(u"Tarvo Packager", u"Settings", u"GamePath", GameFolder());
+}
+
+void TestMachine::WriteFile(TextView path, FileTextView bytes) {
+  const Text whole(path);
+  for (std::size_t slash = folder.Game().size(); slash != Text::npos;
+       slash = whole.find(u'\\', slash + 1)) {
+    const Text parent = whole.substr(0, slash);
+    if (!disk->FolderExists(parent)) disk->MakeFolder(parent);
+  }
+  const auto file = disk->Replace(path);
+  file->Write(bytes);
+  file->Commit();
+}
+
+FileText TestMachine::Bytes(TextView path) {
+  if (!disk->FileExists(path)) return "(missing)";
+  const auto file = disk->Open(path);
+  FileText bytes(file->Size(), '\0');
+  file->ReadAt(0, std::span(bytes));
+  return bytes;
+}
+
+std::vector<Text> TestMachine::FilesBelow(TextView path) {
+  std::vector<Text> found;
+  Gather(*disk, Text(path), {}, found);
+  std::sort(found.begin(), found.end());
+  return found;
+}
+
+void TestMachine::ShowMessage(TextView text, TextView, BoxIcon icon) {
+  boxes.push_back({Text(text), icon});
+}
+
+void TestMachine::RunModal(Form& form) {
+  auto& dialog = dynamic_cast<frmPac_InputBox&>(form);
+  questions.push_back(dialog.lblInput.Caption);
+  Text answer = u"No";
+  if (!answers.empty()) {
+    answer = answers.front();
+    answers.pop_front();
+  }
+  if (dialog.txtInputBox.Visible) {
+    dialog.txtInputBox.SetText(answer);
+    dialog.cmdOk.Press();
+  } else {
+    (answer == u"Yes" ? dialog.cmdYes : answer == u"All" ? dialog.cmdAll : dialog.cmdNo).Press();
+  }
+}
+
+}  // namespace tarvo::test

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <vector>
+
+#include "assistant/PacDialogue.h"
+#include "platform/Windows.h"
+#include "shell/frmMain.h"
+#include "state/Application.h"
+#include "support/FailingFiles.h"
+#include "support/Fakes.h"
+#include "support/TemporaryFolder.h"
+
+namespace tarvo::test {
+
+/// A machine for a whole application: a game and a program folder on the real disk, all other
+/// doors scripted and recorded.
+class TestMachine : public FormHost, public Windows {
+ public:
+  struct Box {
+    Text Message;
+    BoxIcon Icon;
+    friend bool operator==(const Box&, const Box&) = default;
+  };
+
+  /// The game's folder holds stbc.exe and is stored in the settings.
+  TestMachine();
+
+  /// Brings up the top window and with it the main menu.
+  frmMain& Start() { return app.Screen<frmMain>(); }
+
+  /// Game paths, with no backslash at the end.
+  Text GameFolder() const { return folder.Game(u"game"); }
+  Text ProgramFolder() const { return folder.Game(u"program"); }
+
+  /// Writes a file below the temporary folder, its folders made first.
+  void WriteFile(TextView path, FileTextView bytes);
+
+  /// The bytes of a file; "(missing)" when it isn't there.
+  FileText Bytes(TextView path);
+
+  /// All files below a folder, as paths from there on, sorted.
+  std::vector<Text> FilesBelow(TextView path);
+
+  /// The user does the next turn of the event loop.
+  void Turn() { app.screens.DestroyClosed(); }
+
+  TemporaryFolder folder;
+  std::unique_ptr<Files> disk;
+  FailingFiles files;
+  MemorySettings settings;
+  MemoryRegistry registry;
+  RecordingSound sound;
+  FixedLocale locale;
+  ScriptedClock clock;
+  PacDialogue dialogue;
+  Application app;
+
+  std::vector<Box> boxes;       ///< What message boxes have shown.
+  std::vector<Text> questions;  ///< What the dialog has asked.
+  std::deque<Text> answers;     ///< The user's answers to come; with none left he says "No".
+  bool quit = false;
+
+  void ShowMessage(TextView text, TextView caption, BoxIcon icon) override;
+  bool OpenAddress(TextView) override { return false; }
+  TwipSize ScreenSize() override { return {19200, 15000}; }
+
+  void Made(Form&) override {}
+  void RunModal(Form& form) override;
+  void Closed(Form&) override {}
+  void Quit() override { quit = true; }
+};
+
+}  // namespace tarvo::test

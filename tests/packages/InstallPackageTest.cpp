@@ -1,0 +1,148 @@
+#include <gtest/gtest.h>
+
+#include "machine/TestMachine.h"
+#include "packages/PackageFormat.h"
+#include "packages/frmPackager.h"
+#include "text/Utf8.h"
+
+namespace tarvo::test {
+namespace {
+
+/// The Packager with a package "x" to install.
+class Installing : public testing::Test {
+ protected:
+  void SetUp() override { machine.Start().Visible = true; }
+
+  static FileText Package(const std::vector<std::pair<Text, FileText>>& files) {
+    Text list;
+    FileText bodies;
+    for (const auto& [entry, body] : files) {
+      list += entry + u"\r\n";
+      bodies += body + BodyEnd();
+    }
+    return PackageHead(list, u"1/1/2026") + bodies;
+  }
+
+  /// Installs the package and gives the icon of the closing box.
+  BoxIcon Install(const FileText& package) {
+    machine.WriteFile(program + u"\\Tarvos\\x.Tarvo", package);
+    machine.boxes.clear();
+    machine.questions.clear();
+    frmPackager& screen = machine.app.Screen<frmPackager>();
+    screen.Visible = true;
+    screen.cboFileName.SetText(u"x");
+    screen.lblTest.Press();
+    EXPECT_FALSE(screen.fraProgress.Visible);
+    return machine.boxes.back().Icon;
+  }
+
+  Text Status() { return machine.Start().StatusBar.Panel1; }
+
+  TestMachine machine;
+  Text game = machine.GameFolder();
+  Text program = machine.ProgramFolder();
+};
+
+TEST_F(Installing, WritesEveryByteWhereItBelongs) {
+  FileText all;
+  for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
+  FileText large;
+  for (int i = 0; i < 3000; ++i) large += all;
+  machine.WriteFile(game + u"\\data\\models\\ships\\other.nif", "other");
+  EXPECT_EQ(Install(Package({{u"\\data\\Models\\Ships\\It's \u00FC b\\a.nif", large},
+                             {u"\\scripts\\ships\\A.py", all},
+                             {u"\\ShipTGLs\\A.TGL", "tgl"},
+                             {u"\\scripts\\b.tgl", "game file"},
+                             {u"\\empty\\none.py", ""}})),
+            BoxIcon::Information);
+  EXPECT_EQ(machine.boxes.back().Message, u"Tarvo \"x\" has been installed into your Game!");
+  EXPECT_EQ(machine.FilesBelow(game),
+            (std::vector<Text>{u"\\data\\models\\ships\\It's \u00FC b\\a.nif",
+                               u"\\data\\models\\ships\\other.nif", u"\\scripts\\b.tgl",
+                               u"\\scripts\\ships\\A.py", u"\\stbc.exe"}));
+  EXPECT_EQ(machine.Bytes(game + u"\\data\\Models\\Ships\\It's \u00FC b\\a.nif"), large);
+  EXPECT_EQ(machine.Bytes(game + u"\\scripts\\ships\\A.py"), all);
+  EXPECT_EQ(machine.Bytes(program + u"\\ShipTGLs\\A.TGL"), "tgl");
+  EXPECT_TRUE(machine.disk->FolderExists(game + u"\\empty"));
+  EXPECT_TRUE(machine.questions.empty());
+}
+
+TEST_F(Installing, AsksBeforeItOverwritesUntilToldAll) {
+  for (const TextView name : {u"1", u"2", u"3", u"4"}) {
+    machine.WriteFile(game + u"\\s\\" + Text(name) + u".py", "old");
+  }
+  machine.answers = {u"No", u"Yes", u"All"};
+  Install(Package({{u"\\s\\1.py", "new"},
+                   {u"\\s\\2.py", "new"},
+                   {u"\\s\\3.py", "new"},
+                   {u"\\s\\4.py", "new"},
+                   {u"\\s\\4.py", "twice"}}));
+  EXPECT_EQ(machine.questions,
+            (std::vector<Text>{u"File 1.py already exists!!!  Would you like to Overwrite???",
+                               u"File 2.py already exists!!!  Would you like to Overwrite???",
+                               u"File 3.py already exists!!!  Would you like to Overwrite???"}));
+  EXPECT_EQ(machine.Bytes(game + u"\\s\\1.py"), "old");
+  EXPECT_EQ(machine.Bytes(game + u"\\s\\2.py"), "new");
+  EXPECT_EQ(machine.Bytes(game + u"\\s\\3.py"), "new");
+  EXPECT_EQ(machine.Bytes(game + u"\\s\\4.py"), "twice");
+}
+
+TEST_F(Installing, OneUnsafeEntryRefusesTheWholePackage) {
+  for (const TextView entry : {u"\\..\\evil.py", u"evil.py", u"\\C:\\evil.py",
+                               u"\\ShipTGLs\\..\\..\\a.TGL", u"\\scripts\\nul"}) {
+    EXPECT_EQ(Install(Package({{u"\\good.py", "x"}, {Text(entry), "x"}})), BoxIcon::Critical);
+    EXPECT_EQ(machine.boxes.back().Message, u"An Error Occured while trying to extract!");
+    EXPECT_EQ(Status().find(Text(entry) + u": it"), 0u) << Utf8FromText(Status());
+    EXPECT_EQ(machine.FilesBelow(game), std::vector<Text>{u"\\stbc.exe"});
+  }
+  EXPECT_EQ(machine.Bytes(machine.folder.Game() + u"\\evil.py"), "(missing)");
+}
+
+TEST_F(Installing, PackageCutAnywhereHarmsNothing) {
+  machine.WriteFile(game + u"\\s\\1.py", "old");
+  const FileText whole = Package({{u"\\s\\1.py", "new"}, {u"\\s\\2.py", "more"}});
+  for (std::size_t size = 0; size < whole.size() - 2; ++size) {
+    machine.answers = {u"All"};
+    EXPECT_EQ(Install(whole.substr(0, size)), BoxIcon::Critical) << "cut to " << size;
+    EXPECT_EQ(machine.Bytes(game + u"\\s\\1.py"), "old");
+    EXPECT_NE(Status().find(u"byte"), Text::npos);
+  }
+  EXPECT_EQ(machine.FilesBelow(game).size(), 2u);
+}
+
+TEST_F(Installing, FileThatCantBeWrittenIsNamedAndTheRestFollows) {
+  machine.WriteFile(game + u"\\s\\1.py", "old");
+  machine.disk->SetAttributes(game + u"\\s\\1.py", kReadOnlyFile);
+  machine.WriteFile(game + u"\\folder", "a file where a folder is wanted");
+  machine.answers = {u"All"};
+  EXPECT_EQ(Install(Package({{u"\\s\\1.py", "new"}, {u"\\folder\\2.py", "x"}, {u"\\3.py", "x"}})),
+            BoxIcon::Information);
+  ASSERT_EQ(machine.boxes.size(), 3u);
+  EXPECT_EQ(machine.boxes[0],
+            (TestMachine::Box{u"Can't write to File " + game +
+                                  u"\\s\\1.py!!!  This File is Corrupted or Missing!",
+                              BoxIcon::Critical}));
+  EXPECT_EQ(machine.Bytes(game + u"\\s\\1.py"), "old");
+  EXPECT_EQ(machine.Bytes(game + u"\\3.py"), "x");
+  EXPECT_NE(Status().find(u"1.py: Permission denied (and 1 more)"), Text::npos);
+}
+
+TEST_F(Installing, FullDiskLosesNoOldFile) {
+  machine.WriteFile(game + u"\\s\\1.py", "old");
+  for (const FileStep step : {FileStep::Copy, FileStep::Commit}) {
+    machine.answers = {u"Yes"};
+    machine.files.Fail(step, 1, ENOSPC);
+    Install(Package({{u"\\s\\1.py", "new"}}));
+    EXPECT_EQ(machine.Bytes(game + u"\\s\\1.py"), "old");
+    EXPECT_EQ(machine.FilesBelow(game).size(), 2u);
+  }
+}
+
+TEST_F(Installing, WithoutAGameNothingIsWritten) {
+  machine.app.State.GamePath.clear();
+  EXPECT_EQ(Install(Package({{u"\\a.py", "x"}})), BoxIcon::Critical);
+  EXPECT_EQ(Status(), u"no game's folder is known");
+}
+
+}  // namespace
+}  // namespace tarvo::test

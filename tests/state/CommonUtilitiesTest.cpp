@@ -1,0 +1,141 @@
+#include <gtest/gtest.h>
+
+#include "controls/ProgressBar.h"
+#include "machine/TestMachine.h"
+#include "platform/Guarded.h"
+#include "platform/Sound.h"
+#include "state/CommonUtilities.h"
+
+namespace tarvo::test {
+namespace {
+
+FileText AllBytes() {
+  FileText all;
+  for (int byte = 0; byte < 256; ++byte) all += static_cast<char>(byte);
+  return all;
+}
+
+class Utilities : public testing::Test {
+ protected:
+  void SetUp() override {
+    machine.Start();
+    app.ProgressBars[u"Game Tools"] = &bar;
+    app.ProgressBars[u"Packager"] = &bar;
+  }
+
+  TestMachine machine;
+  Application& app = machine.app;
+  ProgressBar bar{nullptr};
+  Text path = machine.GameFolder() + u"\\file.bin";
+};
+
+TEST_F(Utilities, CheckFileCountsMissesAndTakesFoldersForMissing) {
+  app.State.MissingFileCount = 0;
+  EXPECT_EQ(CheckFile(app, machine.GameFolder() + u"\\STBC.exe"), u"--> OK!");
+  EXPECT_EQ(CheckFile(app, machine.GameFolder()), u"--> ERROR:  Missing File!!!");
+  EXPECT_EQ(CheckFile(app, path), kFileMissing);
+  EXPECT_EQ(app.State.MissingFileCount, 2);
+}
+
+TEST_F(Utilities, FilesComeBackByteForByteWithAnyChunk) {
+  WriteFileText(app, path, AllBytes());
+  for (const unsigned chunk : {1u, 255u, 256u, 257u, 100000u}) {
+    app.State.ReadChunkSize = chunk;
+    EXPECT_EQ(ReadFileText(app, path), AllBytes());
+  }
+  WriteFileText(app, path, "");
+  EXPECT_EQ(machine.Bytes(path), AllBytes());
+}
+
+TEST_F(Utilities, ReadMovesTheBarOfTheScreenAtHand) {
+  struct Case {
+    TextView screen;
+    std::size_t size;
+    std::int64_t value;
+  };
+  app.State.ReadChunkSize = 1024;
+  for (const Case& c : {Case{u"Game Tools", 2048, 2046}, Case{u"Game Tools", 100, 0},
+                        Case{u"Game Tools", 1025, 1023}, Case{u"Packager", 2048, 2047},
+                        Case{u"Packager", 1024, 1024}, Case{u"Packager", 3, 1}}) {
+    machine.WriteFile(path, FileText(c.size, 'x'));
+    app.State.CurrentScreen = Text(c.screen);
+    EXPECT_EQ(ReadFileText(app, path).size(), c.size);
+    EXPECT_EQ(bar.Max(), static_cast<std::int64_t>(c.size));
+    EXPECT_EQ(bar.Value(), c.value) << c.size;
+  }
+}
+
+TEST_F(Utilities, ReadingWhatHoldsNothingFollowsTheScreenAtHand) {
+  for (const TextView screen : {u"Game Tools", u"Packager", u"TGL Tools", u""}) {
+    const bool hasBar = app.ProgressBars.contains(Text(screen));
+    app.State.CurrentScreen = Text(screen);
+    EXPECT_EQ(ReadFileText(app, path), "");
+    EXPECT_EQ(machine.Bytes(path), hasBar ? "(missing)" : "");
+    machine.WriteFile(path, "");
+    EXPECT_EQ(ReadFileText(app, path), "");
+    EXPECT_EQ(machine.Bytes(path), hasBar ? "(missing)" : "");
+    EXPECT_EQ(ReadFileText(app, machine.GameFolder() + u"\\no\\file"), "");
+    Guarded([&] { machine.disk->Remove(path); });
+  }
+}
+
+TEST_F(Utilities, ReadFailureGivesWhatWasReadAndDeletesNothing) {
+  machine.WriteFile(path, "0123456789");
+  app.State.ReadChunkSize = 4;
+  app.State.CurrentScreen = u"Packager";
+  machine.files.Fail(FileStep::Read, 2, EIO);
+  EXPECT_EQ(ReadFileText(app, path), "0123");
+  machine.files.Fail(FileStep::Read, 1, EIO);
+  EXPECT_EQ(ReadFileText(app, path), "");
+  machine.WriteFile(path, "");
+  machine.files.Fail(FileStep::Open, 1, EACCES);
+  EXPECT_EQ(ReadFileText(app, path), "");
+  EXPECT_EQ(machine.Bytes(path), "");
+}
+
+TEST_F(Utilities, WriteFailureIsToldInABoxAndNoted) {
+  machine.WriteFile(path, "old");
+  machine.disk->SetAttributes(path, kReadOnlyFile);
+  WriteFileText(app, path, "new");
+  EXPECT_EQ(machine.boxes.back(), (TestMachine::Box{u"Can't write to File " + path +
+                                                        u"!!!  This File is Corrupted or Missing!",
+                                                    BoxIcon::Critical}));
+  EXPECT_EQ(machine.Start().StatusBar.Panel1.Get(), app.Failures.front().Words);
+  EXPECT_EQ(machine.Bytes(path), "old");
+  ClearReadOnly(app, path);
+  ClearReadOnly(app, path + u".missing");
+  WriteFileText(app, path, "new");
+  EXPECT_EQ(machine.Bytes(path), "new");
+}
+
+TEST_F(Utilities, CopyFoldersTakesTheFoldersThatMatch) {
+  const Text source = machine.ProgramFolder() + u"\\Foundation";
+  machine.WriteFile(source + u"\\scripts\\Custom\\a.py", "new");
+  machine.WriteFile(source + u"\\data\\b.bin", AllBytes());
+  machine.WriteFile(source + u"\\loose.txt", "stays");
+  machine.WriteFile(machine.GameFolder() + u"\\scripts\\custom\\A.py", "old");
+  CopyFolders(app, source + u"\\*", machine.GameFolder());
+  EXPECT_EQ(machine.FilesBelow(machine.GameFolder()),
+            (std::vector<Text>{u"\\data\\b.bin", u"\\scripts\\custom\\A.py", u"\\stbc.exe"}));
+  EXPECT_EQ(machine.Bytes(machine.GameFolder() + u"\\scripts\\custom\\A.py"), "new");
+  CopyFolders(app, machine.ProgramFolder() + u"\\Missing\\*", machine.GameFolder());
+}
+
+TEST_F(Utilities, NoSoundWithoutSoundFX) {
+  app.State.SoundFX = false;
+  machine.sound.Orders.clear();
+  PlayEffect(app, u"Click.wav", kPlay);
+  EXPECT_TRUE(machine.sound.Orders.empty());
+}
+
+TEST_F(Utilities, SystemTextsEndAtTheirNull) {
+  const Text buffer(u"  text\0    ", 11);
+  EXPECT_EQ(helper_TrimNull(buffer), u"text");
+  EXPECT_EQ(helper_TrimNull(Text(u"   \0  ", 6)), u"");
+  EXPECT_EQ(helper_TrimNull(u"Unknown Win32 Error."), u"Unknown Win32 Error.");
+  EXPECT_EQ(helper_Win32ErrorText(987654), u"Unknown Win32 Error.");
+  EXPECT_FALSE(helper_Win32ErrorText(kNoSuchFile).empty());
+}
+
+}  // namespace
+}  // namespace tarvo::test
