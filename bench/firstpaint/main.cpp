@@ -30,7 +30,7 @@ namespace tarvo::bench {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Steady = std::chrono::steady_clock;
 
 constexpr double kRatioBound = 2.5;
 constexpr double kIdleBoundPercent = 0.2;
@@ -39,22 +39,22 @@ constexpr unsigned long kGround = 0xFF00FF;
 constexpr std::chrono::seconds kPatience{20};
 
 /// The screen, seen from outside of the programs.
-class Screen {
+class ScreenView {
  public:
-  Screen() : display_(XOpenDisplay(nullptr)) {
+  ScreenView() : display_(XOpenDisplay(nullptr)) {
     if (!display_) throw std::runtime_error("there is no X screen");
     const int screen = DefaultScreen(display_);
     x_ = DisplayWidth(display_, screen) / 2;
     y_ = DisplayHeight(display_, screen) / 2;
     XSetWindowBackground(display_, DefaultRootWindow(display_), kGround);
   }
-  ~Screen() { XCloseDisplay(display_); }
-  Screen(const Screen&) = delete;
-  Screen& operator=(const Screen&) = delete;
+  ~ScreenView() { XCloseDisplay(display_); }
+  ScreenView(const ScreenView&) = delete;
+  ScreenView& operator=(const ScreenView&) = delete;
 
   bool Empty() const {
-    XImage* image = XGetImage(display_, DefaultRootWindow(display_), x_, y_, 1, 1, AllPlanes,
-                              ZPixmap);
+    XImage* image =
+        XGetImage(display_, DefaultRootWindow(display_), x_, y_, 1, 1, AllPlanes, ZPixmap);
     if (!image) throw std::runtime_error("the screen can't be read");
     const unsigned long pixel = XGetPixel(image, 0, 0) & 0xFFFFFF;
     XDestroyImage(image);
@@ -62,11 +62,11 @@ class Screen {
   }
 
   void AwaitEmpty() const {
-    const auto end = Clock::now() + kPatience;
+    const auto end = Steady::now() + kPatience;
     while (true) {
       XClearWindow(display_, DefaultRootWindow(display_));
       if (Empty()) return;
-      if (Clock::now() > end) throw std::runtime_error("something covers the screen");
+      if (Steady::now() > end) throw std::runtime_error("something covers the screen");
       std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
   }
@@ -124,19 +124,19 @@ class Program {
   pid_t id_ = 0;
 };
 
-double MillisecondsToPaint(const Screen& screen, const std::string& path) {
+double MillisecondsToPaint(const ScreenView& screen, const std::string& path) {
   screen.AwaitEmpty();
-  const auto began = Clock::now();
+  const auto began = Steady::now();
   const Program program(path);
   while (screen.Empty()) {
     if (!program.Running()) throw std::runtime_error(path + " ended before it painted");
-    if (Clock::now() - began > kPatience) throw std::runtime_error(path + " doesn't paint");
+    if (Steady::now() - began > kPatience) throw std::runtime_error(path + " doesn't paint");
     std::this_thread::sleep_for(std::chrono::microseconds(200));
   }
-  return std::chrono::duration<double, std::milli>(Clock::now() - began).count();
+  return std::chrono::duration<double, std::milli>(Steady::now() - began).count();
 }
 
-bool CompareFirstPaint(const Screen& screen, const std::string& bare, const std::string& real,
+bool CompareFirstPaint(const ScreenView& screen, const std::string& bare, const std::string& real,
                        int runs) {
   std::vector<double> bareTimes;
   std::vector<double> realTimes;
@@ -153,7 +153,7 @@ bool CompareFirstPaint(const Screen& screen, const std::string& bare, const std:
   return held;
 }
 
-bool WatchIdle(const Screen& screen, const std::string& real, int seconds) {
+bool WatchIdle(const ScreenView& screen, const std::string& real, int seconds) {
   screen.AwaitEmpty();
   const Program program(real);
   std::this_thread::sleep_for(std::chrono::seconds(5));  // The menu slides open, sounds load.
@@ -163,8 +163,9 @@ bool WatchIdle(const Screen& screen, const std::string& real, int seconds) {
   const double percent = (program.CpuSeconds() - cpu) / seconds * 100;
   const long growth = program.ResidentKib() - memory;
   const bool held = percent <= kIdleBoundPercent && growth < kGrowthBoundKib;
-  std::printf("idle %d s    processor %.3f %%  bound %.1f %%  memory %ld KiB, grown by %ld KiB  %s\n",
-              seconds, percent, kIdleBoundPercent, memory, growth, held ? "ok" : "BROKEN");
+  std::printf(
+      "idle %d s    processor %.3f %%  bound %.1f %%  memory %ld KiB, grown by %ld KiB  %s\n",
+      seconds, percent, kIdleBoundPercent, memory, growth, held ? "ok" : "BROKEN");
   return held;
 }
 
@@ -179,7 +180,7 @@ int main(int count, char** arguments) {
     return 2;
   }
   try {
-    const Screen screen;
+    const ScreenView screen;
     const int runs = count > 3 ? std::atoi(arguments[3]) : 15;
     const int seconds = count > 4 ? std::atoi(arguments[4]) : 20;
     const bool quick = CompareFirstPaint(screen, arguments[1], arguments[2], runs > 0 ? runs : 1);

@@ -86,8 +86,8 @@ constexpr BinaryFile kBinaries[] = {
 };
 
 constexpr std::string_view kGameFolders[] = {
-    "data/Icons/Ships",  "data/Models/Ships", "data/TGL/QuickBattle",     "scripts/Custom",
-    "scripts/QuickBattle", "sfx/Weapons",     "scripts/ships/Hardpoints",
+    "data/Icons/Ships",    "data/Models/Ships", "data/TGL/QuickBattle",     "scripts/Custom",
+    "scripts/QuickBattle", "sfx/Weapons",       "scripts/ships/Hardpoints",
 };
 
 fs::path FromUtf8(std::string_view path) {

@@ -2,16 +2,21 @@
 //   controls places
 //       a line for each control: SCREEN.CONTROL LEFT TOP WIDTH HEIGHT, in pixels from the top left
 //       corner of its window's client area
-//   controls folders GAME FOLDER, controls files GAME FOLDER
-//       the rows of the Packager's list when it shows FOLDER of the game
+//   controls rows GAME FOLDER
+//       where the rows of the Packager's lists are when it has just come to show FOLDER of the
+//       game: a line "folder" or "file", LEFT TOP WIDTH HEIGHT and the row's text
 
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QDir>
 #include <array>
 #include <cstdio>
-#include <filesystem>
 #include <string>
-#include <string_view>
 
 #include "assistant/frmPac_InputBox.h"
+#include "desktop/DirListBoxView.h"
+#include "desktop/ListBoxView.h"
+#include "desktop/Skin.h"
 #include "packages/frmPackager.h"
 #include "platform/Clock.h"
 #include "platform/Locale.h"
@@ -62,7 +67,9 @@ struct Named {
   const Control& Shown;
 };
 
-int Pixels(int twips) { return (twips + 7) / 15; }
+int Pixels(int twips) {
+  return (twips + 7) / 15;
+}
 
 /// Left edge and top edge of the control in its window, in twips.
 std::array<int, 2> Corner(const Control& control, const Form& screen) {
@@ -111,19 +118,30 @@ void PrintPlaces(Application& app) {
         {{"cmdYes", dialog.cmdYes}, {"cmdNo", dialog.cmdNo}, {"cmdAll", dialog.cmdAll}});
 }
 
-void PrintRows(Application& app, std::string_view list, TextView folder) {
+/// A list is drawn unseen by the program's own view, and its rows are measured.
+template <class ListView, class List>
+void PrintRows(const char* kind, List& list, const Form& screen) {
+  QWidget parent;
+  ListView view(list, &parent);
+  view.Apply();
+  const auto& rows = dynamic_cast<const QAbstractItemView&>(*view.Widget());
+  const auto [left, top] = Corner(list, screen);
+  const QPoint corner = rows.viewport()->pos() + QPoint(Pixels(left), Pixels(top));
+  for (int row = 0; row < rows.model()->rowCount(); ++row) {
+    const QModelIndex index = rows.model()->index(row, 0);
+    const QRect area = rows.visualRect(index).intersected(rows.viewport()->rect());
+    if (area.isEmpty()) continue;
+    std::printf("%s %d %d %d %d %s\n", kind, corner.x() + area.left(), corner.y() + area.top(),
+                area.width(), area.height(), qPrintable(index.data().toString()));
+  }
+  view.Detach();
+}
+
+void PrintRows(Application& app, TextView folder) {
   auto& packager = app.Screen<frmPackager>();
   packager.lstDir.SetPath(app.State.GamePath + Text(folder));
-  if (list == "folders") {
-    for (const DirListBox::Row& row : packager.lstDir.Rows()) {
-      std::puts(Utf8FromText(row.Name).c_str());
-    }
-  }
-  if (list == "files") {
-    for (std::size_t row = 0; row < packager.lstFileSelect.Count(); ++row) {
-      std::puts(Utf8FromText(packager.lstFileSelect.Item(row)).c_str());
-    }
-  }
+  PrintRows<DirListBoxView>("folder", packager.lstDir, packager);
+  PrintRows<ListBoxView>("file", packager.lstFileSelect, packager);
 }
 
 }  // namespace
@@ -132,10 +150,13 @@ void PrintRows(Application& app, std::string_view list, TextView folder) {
 
 int main(int count, char** arguments) {
   using namespace tarvo;
-  const std::string_view what = count > 1 ? arguments[1] : "";
-  const bool rows = count == 4 && (what == "folders" || what == "files");
-  if (!rows && (count != 2 || what != "places")) {
-    std::fputs("Usage: controls places | folders GAME FOLDER | files GAME FOLDER\n", stderr);
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(count, arguments);
+  ApplySkin(application);
+  const QStringList words = QApplication::arguments().mid(1);
+  const bool rows = words.size() == 3 && words[0] == "rows";
+  if (!rows && words != QStringList{"places"}) {
+    std::fputs("Usage: controls places | rows GAME FOLDER\n", stderr);
     return 2;
   }
   Nowhere nowhere;
@@ -145,8 +166,8 @@ int main(int count, char** arguments) {
   try {
     app.Screen<frmMain>();
     if (rows) {
-      app.State.GamePath = GamePathOf(std::filesystem::absolute(arguments[2]).string());
-      PrintRows(app, what, TextFromUtf8(arguments[3]));
+      app.State.GamePath = GamePathOf(QDir(words[1]).absolutePath().toStdString());
+      PrintRows(app, FromQt(words[2]));
     } else {
       PrintPlaces(app);
     }

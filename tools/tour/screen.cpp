@@ -11,7 +11,6 @@
 #include <QPixmap>
 #include <QScreen>
 #include <QThread>
-
 #include <cstdio>
 
 namespace {
