@@ -17,6 +17,8 @@ class DirListBox : public Control {
     Text Path;
     int Depth;  ///< 0 for the root.
     bool Open;  ///< The folder itself and its parents.
+
+    friend bool operator==(const Row&, const Row&) = default;
   };
 
   DirListBox(Control* parent, Files& files) : Control(parent), files_(files) {}

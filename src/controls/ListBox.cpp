@@ -4,6 +4,7 @@ namespace tarvo {
 
 void ListBox::Add(Text item) {
   rows_.push_back({std::move(item), false});
+  ++rowsVersion_;
   Changed();
 }
 
@@ -16,6 +17,7 @@ void ListBox::RemoveAt(std::size_t row) {
   } else if (listIndex_ > index) {
     --listIndex_;
   }
+  ++rowsVersion_;
   Changed();
 }
 
@@ -28,6 +30,7 @@ void ListBox::SetItems(std::vector<Text> items) {
   rows_.reserve(items.size());
   for (Text& item : items) rows_.push_back({std::move(item), false});
   listIndex_ = -1;
+  ++rowsVersion_;
   Changed();
 }
 

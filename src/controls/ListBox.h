@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 #include "controls/Control.h"
 
@@ -22,6 +23,9 @@ class ListBox : public Control {
 
   /// The row that the keyboard stands on, the chosen one in a single list; -1 for none.
   int ListIndex() const { return listIndex_; }
+
+  /// Another number than before whenever rows came or went; selecting leaves it alone.
+  std::uint64_t RowsVersion() const { return rowsVersion_; }
 
   void Add(Text item);
   void RemoveAt(std::size_t row);
@@ -48,6 +52,7 @@ class ListBox : public Control {
   Selection selection_;
   std::vector<Row> rows_;
   int listIndex_ = -1;
+  std::uint64_t rowsVersion_ = 0;
 };
 
 }  // namespace tarvo

@@ -4,6 +4,7 @@
 
 #include "controls/Button.h"
 #include "controls/Form.h"
+#include "controls/Frame.h"
 #include "controls/Label.h"
 #include "controls/Timer.h"
 #include "state/Application.h"
@@ -21,6 +22,7 @@ class frmMainMenu : public Form {
   /// A work screen has closed: its button and the menu are switched on again.
   void TakeOver();
 
+  std::array<Frame, 5> fraBars{Frame{this}, Frame{this}, Frame{this}, Frame{this}, Frame{this}};
   Button lblGameTools{this}, lblTGLTools{this}, lblPackager{this}, lblOptions{this}, lblHelp{this},
       lblExit{this};
   Label lblTitle{this};
@@ -31,6 +33,7 @@ class frmMainMenu : public Form {
 
  private:
   void LayOut();
+  void LayOutDecoration();
   void Connect();
   void ChangeDigits();
   void Exit();

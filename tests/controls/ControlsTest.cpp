@@ -185,8 +185,8 @@ struct LoggingForm : Form {
 
 TEST(Screens, FormExistsOnceAndStartsAfreshAfterItWasClosed) {
   QuietHost host;
-  Screens screens(host);
   std::string log;
+  Screens screens(host);
   EXPECT_EQ(screens.Find<LoggingForm>(), nullptr);
   auto& first = screens.Use<LoggingForm>(log);
   EXPECT_EQ(&screens.Use<LoggingForm>(log), &first);

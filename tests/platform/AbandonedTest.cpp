@@ -23,26 +23,34 @@ class AbandonedTest : public testing::Test {
 
   std::string Journals() const { return journal.Host("made/on/use"); }
 
+  /// Says when it is in the middle of replacing files in both folders, and stays there.
+  [[noreturn]] void ReplaceUntilKilled(int pipe) {
+    PosixFiles files(Journals());
+    const auto first = files.Replace(folder.Game(u"file"));
+    const auto second = files.Replace(folder.Game(u"odd\nname \xDCFF\\file"));
+    first->Write(std::string(100000, 'x'));
+    if (write(pipe, "!", 1) != 1) _exit(1);
+    while (true) pause();
+  }
+
   /// A process that is killed in the middle of replacing files in both folders.
   void KillInTheMiddle() {
     int pipes[2];
     ASSERT_EQ(pipe(pipes), 0);
     const pid_t child = fork();
     if (child == 0) {
-      PosixFiles files(Journals());
-      const auto first = files.Replace(folder.Game(u"file"));
-      const auto second = files.Replace(folder.Game(u"odd\nname \xDCFF\\file"));
-      first->Write(std::string(100000, 'x'));
-      const bool told = write(pipes[1], "!", 1) == 1;
-      while (told) pause();
-      _exit(1);
+      try {
+        ReplaceUntilKilled(pipes[1]);
+      } catch (...) {
+        _exit(1);
+      }
     }
+    close(pipes[1]);
     char told = 0;
     ASSERT_EQ(read(pipes[0], &told, 1), 1);
     kill(child, SIGKILL);
     waitpid(child, nullptr, 0);
     close(pipes[0]);
-    close(pipes[1]);
   }
 
   void SetUp() override {

@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 #include <random>
 
@@ -110,20 +111,36 @@ TEST(Copy, TakesAnyReader) {
   EXPECT_TRUE(folder.Get("copy") == RandomBytes(200000).substr(10));
 }
 
+/// Gives this process file systems of its own to mount, as a user without rights under a root of
+/// its own as well.
+bool EnterOwnSpace() {
+  const uid_t user = geteuid();
+  const gid_t group = getegid();
+  if (user == 0) return unshare(CLONE_NEWNS) == 0;
+  if (unshare(CLONE_NEWNS | CLONE_NEWUSER) != 0) return false;
+  std::ofstream("/proc/self/uid_map") << "0 " << user << " 1";
+  std::ofstream("/proc/self/setgroups") << "deny";
+  std::ofstream("/proc/self/gid_map") << "0 " << group << " 1";
+  return geteuid() == 0 && getegid() == 0;
+}
+
 /// Runs a step in a process of its own with a small file system mounted on `hostPath` that no
 /// other process sees; gives its exit code, or 255 where such a thing isn't allowed.
 int OnSmallDisk(const std::string& hostPath, const std::function<int()>& step) {
   const pid_t child = fork();
   if (child == 0) {
-    const int spaces = CLONE_NEWNS | (geteuid() == 0 ? 0 : CLONE_NEWUSER);
-    const bool mounted = unshare(spaces) == 0 &&
+    const bool mounted = EnterOwnSpace() &&
                          mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
                          mount("none", hostPath.c_str(), "tmpfs", 0, "size=256k,mode=0777") == 0;
-    _exit(mounted ? step() : 255);
+    try {
+      _exit(mounted ? step() : 255);
+    } catch (...) {
+      _exit(254);
+    }
   }
   int status = 0;
   waitpid(child, &status, 0);
-  return WIFEXITED(status) ? WEXITSTATUS(status) : 254;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 253;
 }
 
 TEST(FullDisk, LeavesTheOldFileAndNoSibling) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -99,7 +100,11 @@ int AsNobody(Step&& step) {
   const pid_t child = fork();
   if (child == 0) {
     const bool changed = setgid(65534) == 0 && setuid(65534) == 0;
-    _exit(changed ? step() : 200);
+    try {
+      _exit(changed ? step() : 200);
+    } catch (...) {
+      _exit(202);
+    }
   }
   int status = 0;
   waitpid(child, &status, 0);

@@ -1,0 +1,90 @@
+#include "desktop/ButtonView.h"
+
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include "desktop/Skin.h"
+#include "desktop/SkinStyle.h"
+
+namespace tarvo {
+
+PillButton::PillButton(QWidget* parent) : QAbstractButton(parent) {
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_Hover);
+}
+
+void PillButton::SetColours(const QColor& ground, const QColor& caption) {
+  ground_ = ground;
+  caption_ = caption;
+}
+
+QRect PillButton::CaptionArea() const {
+  const int room = ground_.alpha() == 0 ? 2 : std::max(6, height() / 3);
+  return rect().adjusted(room, 0, -room, 0);
+}
+
+QString PillButton::Elided() const {
+  return fontMetrics().elidedText(text(), Qt::ElideRight, CaptionArea().width(),
+                                  Qt::TextShowMnemonic);
+}
+
+void PillButton::paintEvent(QPaintEvent*) {
+  const auto lit = [&](const QColor& colour) {
+    if (!isEnabled()) return colour;
+    if (isDown()) return Mix(colour, QColor(0, 0, 0, colour.alpha()), 0.25);
+    if (underMouse()) return Mix(colour, QColor(255, 255, 255, colour.alpha()), 0.35);
+    return colour;
+  };
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (!isEnabled()) painter.setOpacity(0.4);
+  const bool bare = ground_.alpha() == 0;
+  if (!bare) DrawPill(painter, rect(), lit(ground_));
+  painter.setPen(bare ? lit(caption_) : caption_);
+  painter.drawText(CaptionArea(), Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine,
+                   Elided());
+  if (hasFocus()) {
+    const QRectF ring = QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5);
+    const qreal radius = std::min(ring.width(), ring.height()) / 2;
+    painter.setPen(QPen(caption_, 1.5));
+    painter.drawRoundedRect(ring, radius, radius);
+  }
+}
+
+void PillButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (!event->isAutoRepeat()) click();
+    event->accept();
+  } else if (event->key() == Qt::Key_Escape) {
+    event->ignore();  // The form's Escape button has it.
+  } else {
+    QAbstractButton::keyPressEvent(event);
+  }
+}
+
+bool PillButton::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip && Elided() != text()) {
+    QString whole = text();
+    whole.remove(QLatin1Char('&'));
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), whole, this);
+    return true;
+  }
+  return QAbstractButton::event(event);
+}
+
+ButtonView::ButtonView(Button& model, QWidget* parent) : ViewOf(model, new PillButton(parent)) {
+  QObject::connect(&face_, &QAbstractButton::clicked, &face_, [this] {
+    if (Live()) model_.Press();
+  });
+}
+
+void ButtonView::Apply() {
+  const QString caption = ToQt(model_.Caption);
+  if (face_.text() != caption) face_.setText(caption);
+  face_.SetColours(ToQt(model_.BackColour), ToQt(model_.ForeColour));
+  ApplyCommon();
+}
+
+}  // namespace tarvo

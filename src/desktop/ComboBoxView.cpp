@@ -1,0 +1,86 @@
+#include "desktop/ComboBoxView.h"
+
+#include <QAbstractItemView>
+#include <QLineEdit>
+#include <algorithm>
+
+#include "desktop/RowDelegate.h"
+#include "desktop/Skin.h"
+
+namespace tarvo {
+
+DropDown::DropDown(QWidget* parent) : QComboBox(parent) {
+  setItemDelegate(new RowDelegate(this));
+  setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+}
+
+void DropDown::SetItems(const QStringList& items) {
+  const auto same = [&] {
+    if (items.size() != count()) return false;
+    for (int row = 0; row < count(); ++row) {
+      if (itemText(row) != items[row]) return false;
+    }
+    return true;
+  };
+  if (same()) return;
+  const QSignalBlocker quiet(this);
+  clear();
+  addItems(items);
+  setCurrentIndex(-1);
+}
+
+ComboBoxView::ComboBoxView(ComboBox& model, QWidget* parent) : ViewOf(model, new DropDown(parent)) {
+  face_.setEditable(true);
+  face_.setInsertPolicy(QComboBox::NoInsert);
+  face_.setCompleter(nullptr);
+  // A typed text that happens to be an item isn't a picked one.
+  QLineEdit& line = *face_.lineEdit();
+  QObject::disconnect(&line, &QLineEdit::editingFinished, &face_, nullptr);
+  QObject::disconnect(&line, &QLineEdit::returnPressed, &face_, nullptr);
+
+  QObject::connect(&line, &QLineEdit::textEdited, &face_, [this](const QString& text) {
+    if (Live()) model_.SetText(FromQt(text));
+  });
+  QObject::connect(&face_, &QComboBox::activated, &face_, [this](int row) {
+    const auto at = static_cast<std::size_t>(row);
+    if (Live() && at < model_.Count()) model_.Pick(at);
+  });
+}
+
+void ComboBoxView::Apply() {
+  QStringList items;
+  for (std::size_t row = 0; row < model_.Count(); ++row) items << ToQt(model_.Item(row));
+  face_.SetItems(items);
+  const QString text = ToQt(model_.Text());
+  if (face_.currentText() != text) {
+    const QSignalBlocker quiet(&face_);
+    QLineEdit& line = *face_.lineEdit();
+    const int cursor = line.cursorPosition();
+    face_.setCurrentIndex(face_.findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive));
+    face_.setEditText(text);
+    line.setCursorPosition(line.hasFocus() ? std::min<int>(cursor, text.size()) : 0);
+  }
+  ApplyFieldColours();
+  ApplyCommon();
+}
+
+DriveListBoxView::DriveListBoxView(DriveListBox& model, QWidget* parent)
+    : ViewOf(model, new DropDown(parent)) {
+  QObject::connect(&face_, &QComboBox::activated, &face_, [this](int row) {
+    const auto at = static_cast<std::size_t>(row);
+    if (Live() && model_.Usable() && at < model_.Drives().size()) {
+      model_.SetDrive(Text(model_.Drives()[at]));
+    }
+  });
+}
+
+void DriveListBoxView::Apply() {
+  QStringList items;
+  for (const Text& drive : model_.Drives()) items << ToQt(drive);
+  face_.SetItems(items);
+  face_.setCurrentIndex(face_.findText(ToQt(model_.Drive())));
+  ApplyFieldColours();
+  ApplyCommon();
+}
+
+}  // namespace tarvo

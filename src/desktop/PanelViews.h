@@ -1,0 +1,40 @@
+#pragma once
+
+#include "controls/Frame.h"
+#include "controls/Shape.h"
+#include "desktop/View.h"
+
+namespace tarvo {
+
+/// A ground and an outline, each of which may be missing.
+class Panel : public QWidget {
+ public:
+  Panel(QWidget* parent, qreal radius);
+
+  /// A transparent colour draws nothing.
+  void SetColours(const QColor& ground, const QColor& outline);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  qreal radius_;
+  QColor ground_;
+  QColor outline_;
+};
+
+/// A panel; a fore colour other than black outlines it.
+class FrameView : public ViewOf<Frame, Panel> {
+ public:
+  FrameView(Frame& model, QWidget* parent);
+  void Apply() override;
+};
+
+/// An outline that lets the mouse through.
+class ShapeView : public ViewOf<Shape, Panel> {
+ public:
+  ShapeView(Shape& model, QWidget* parent);
+  void Apply() override;
+};
+
+}  // namespace tarvo

@@ -1,0 +1,68 @@
+#include "desktop/QtWindows.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QScreen>
+#include <QUrl>
+
+#include "desktop/Skin.h"
+
+namespace tarvo {
+namespace {
+
+constexpr int kTextWidth = 420;
+constexpr QChar kBreakHere(0x200B);
+
+QMessageBox::Icon IconOf(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::Critical:
+      return QMessageBox::Critical;
+    case BoxIcon::Question:
+      return QMessageBox::Question;
+    case BoxIcon::Exclamation:
+      return QMessageBox::Warning;
+    case BoxIcon::Information:
+      break;
+  }
+  return QMessageBox::Information;
+}
+
+/// Lets a long path wrap behind each of its backslashes.
+QString Breakable(QString text) {
+  return text.replace(QLatin1Char('\\'), QStringLiteral("\\") + kBreakHere);
+}
+
+}  // namespace
+
+void QtWindows::ShowMessage(TextView text, TextView caption, BoxIcon icon) {
+  QMessageBox box(QApplication::activeWindow());
+  box.setIcon(IconOf(icon));
+  box.setWindowTitle(ToQt(caption));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(Breakable(ToQt(text)));
+  box.setStandardButtons(QMessageBox::Ok);
+  if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+    label->setWordWrap(true);
+    const int wanted =
+        label->fontMetrics()
+            .boundingRect(QRect(0, 0, kTextWidth, 0), Qt::TextWordWrap, label->text())
+            .width();
+    label->setFixedWidth(std::clamp(wanted + 8, 160, kTextWidth));
+  }
+  box.exec();
+}
+
+bool QtWindows::OpenAddress(TextView address) {
+  const QUrl url(ToQt(address), QUrl::TolerantMode);
+  return url.isValid() && !url.scheme().isEmpty() && QDesktopServices::openUrl(url);
+}
+
+TwipSize QtWindows::ScreenSize() {
+  const QSize size = QApplication::primaryScreen()->availableGeometry().size();
+  return {ToTwips(size.width()), ToTwips(size.height())};
+}
+
+}  // namespace tarvo

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/Windows.h"
+
+namespace tarvo {
+
+/// Message boxes, addresses and the screen by way of Qt.
+class QtWindows : public Windows {
+ public:
+  void ShowMessage(TextView text, TextView caption, BoxIcon icon) override;
+  bool OpenAddress(TextView address) override;
+  TwipSize ScreenSize() override;
+};
+
+}  // namespace tarvo

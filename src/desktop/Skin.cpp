@@ -1,0 +1,116 @@
+#include "desktop/Skin.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QPalette>
+#include <QToolTip>
+#include <array>
+
+#include "controls/Palette.h"
+#include "desktop/SkinStyle.h"
+
+namespace tarvo {
+namespace {
+
+struct Face {
+  const char* family;
+  QFont::Weight weight;
+};
+
+/// The faces of a role, the wanted one first. The weight belongs to the face: a Medium stands for
+/// itself, its substitute only comes near it as a DemiBold.
+QFont FirstInstalled(std::initializer_list<Face> faces) {
+  for (const Face& face : faces) {
+    const QString family = QString::fromLatin1(face.family);
+    if (!QFontDatabase::hasFamily(family)) continue;
+    QFont font(family);
+    font.setWeight(face.weight);
+    return font;
+  }
+  return {};
+}
+
+QFont FaceOf(FontRole role) {
+  switch (role) {
+    case FontRole::Digits:
+      return FirstInstalled(
+          {{"Arial Narrow", QFont::Normal}, {"Liberation Sans Narrow", QFont::Normal}});
+    case FontRole::Dialog:
+      return FirstInstalled({{"Comic Sans MS", QFont::Normal}, {"Comic Neue", QFont::Normal}});
+    case FontRole::Normal:
+      break;
+  }
+  return FirstInstalled({{"Franklin Gothic Medium", QFont::Normal},
+                         {"Open Sans", QFont::DemiBold},
+                         {"Libre Franklin", QFont::Medium}});
+}
+
+QPalette DarkPalette() {
+  const QColor ground = ToQt(palette::kPanel);
+  const QColor text = ToQt(palette::kPeach);
+  QPalette dark(ToQt(palette::kOrange), ground);
+  dark.setColor(QPalette::Base, ground);
+  dark.setColor(QPalette::AlternateBase, Mix(ground, text, 0.06));
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ToolTipText}) {
+    dark.setColor(role, text);
+  }
+  dark.setColor(QPalette::ToolTipBase, Mix(ground, text, 0.12));
+  dark.setColor(QPalette::PlaceholderText, Mix(text, ground, 0.5));
+  dark.setColor(QPalette::ButtonText, Qt::black);
+  dark.setColor(QPalette::Highlight, ToQt(palette::kOrange));
+  dark.setColor(QPalette::HighlightedText, Qt::black);
+  dark.setColor(QPalette::Link, ToQt(palette::kBlue));
+  dark.setColor(QPalette::LinkVisited, ToQt(palette::kViolet));
+  return dark;
+}
+
+}  // namespace
+
+QString ToQt(TextView text) {
+  return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+}
+
+Text FromQt(const QString& text) {
+  return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
+}
+
+QColor ToQt(const Colour& colour) {
+  return {colour.Red, colour.Green, colour.Blue, colour.Alpha};
+}
+
+QFont ToQt(const Font& font) {
+  static const std::array faces{FaceOf(FontRole::Normal), FaceOf(FontRole::Digits),
+                                FaceOf(FontRole::Dialog)};
+  QFont result = faces.at(static_cast<std::size_t>(font.Role));
+  result.setPixelSize(std::max(1, qRound(font.Points * 96 / 72)));
+  return result;
+}
+
+int ToPixels(int twips) {
+  return qRound(twips / 15.0);
+}
+
+QRect PixelRect(const Control& control) {
+  const QPoint first(ToPixels(control.Left), ToPixels(control.Top));
+  const QPoint behind(ToPixels(control.Left + control.Width),
+                      ToPixels(control.Top + control.Height));
+  return {first, behind - QPoint(1, 1)};
+}
+
+QColor Mix(const QColor& a, const QColor& b, double share) {
+  const auto part = [&](double from, double to) {
+    return static_cast<float>(from + (to - from) * share);
+  };
+  return QColor::fromRgbF(part(a.redF(), b.redF()), part(a.greenF(), b.greenF()),
+                          part(a.blueF(), b.blueF()), part(a.alphaF(), b.alphaF()));
+}
+
+void ApplySkin(QApplication& application) {
+  application.setStyle(new SkinStyle);
+  const QPalette dark = DarkPalette();
+  application.setPalette(dark);
+  application.setFont(ToQt(Font{FontRole::Normal, 9.75}));
+  QToolTip::setPalette(dark);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,41 @@
+#include "desktop/View.h"
+
+#include <QPalette>
+
+#include "controls/Palette.h"
+#include "desktop/Skin.h"
+
+namespace tarvo {
+
+void View::ApplyCommon() {
+  QWidget& face = *widget_;
+  face.setGeometry(PixelRect(*control_));
+  const QFont font = ToQt(control_->Font);
+  if (face.font() != font) face.setFont(font);
+  const QString name = ToQt(control_->AccessibleName);
+  if (face.accessibleName() != name) face.setAccessibleName(name);
+  face.setEnabled(control_->Enabled);
+  face.setVisible(control_->Visible);
+  face.update();
+}
+
+void View::ApplyFieldColours() {
+  const Colour model = control_->BackColour;
+  const QColor ground = ToQt(model.Alpha == 0 ? palette::kPanel : model);
+  const QColor text = ToQt(control_->ForeColour);
+  QPalette colours = widget_->palette();
+  if (colours.color(QPalette::Base) == ground && colours.color(QPalette::Text) == text &&
+      widget_->testAttribute(Qt::WA_SetPalette)) {
+    return;
+  }
+  for (const auto role : {QPalette::Base, QPalette::Window, QPalette::HighlightedText}) {
+    colours.setColor(role, ground);
+  }
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::Highlight}) {
+    colours.setColor(role, text);
+  }
+  colours.setColor(QPalette::PlaceholderText, Mix(text, ground, 0.5));
+  widget_->setPalette(colours);
+}
+
+}  // namespace tarvo

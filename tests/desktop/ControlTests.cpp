@@ -1,0 +1,188 @@
+#include <QAbstractButton>
+#include <QApplication>
+#include <QListView>
+#include <QScrollBar>
+
+#include "Desk.h"
+#include "desktop/Skin.h"
+
+namespace tarvo::test {
+namespace {
+
+using Controls = Desk;
+
+TEST_F(Controls, ButtonsTakePointerSpaceEnterAndTheirKey) {
+  WorkForm& form = ShowWork();
+  int pressed = 0;
+  form.go.OnClick = [&] { ++pressed; };
+  Click(form.go);
+  EXPECT_EQ(pressed, 1);
+  Key("space");
+  EXPECT_EQ(pressed, 2) << "a click gives the keyboard";
+  Key("Return");
+  EXPECT_EQ(pressed, 3);
+  Key("Tab");
+  Key("alt+g");
+  EXPECT_EQ(pressed, 4);
+
+  form.go.Enabled = false;
+  Turn(30);
+  Click(form.go);
+  Key("alt+g");
+  EXPECT_EQ(pressed, 4);
+}
+
+TEST_F(Controls, ASwitchedOffFormTakesNoInputAndThenGoesOnWhereItWas) {
+  WorkForm& form = ShowWork();
+  int pressed = 0;
+  form.go.OnClick = [&] { ++pressed; };
+  form.stop.SetFocus();
+  form.CancelButton = &form.go;
+  Turn(30);
+  form.Enabled = false;
+  Turn(30);
+  Click(form.go);
+  ClickRow(form.found, 1);
+  Key("Escape");
+  Key("alt+F4");
+  EXPECT_EQ(pressed, 0);
+  EXPECT_FALSE(form.found.Selected(1));
+  EXPECT_TRUE(screens_.IsOpen(form));
+
+  form.Enabled = true;
+  Turn(30);
+  const auto* focused = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
+  ASSERT_TRUE(focused);
+  EXPECT_EQ(focused->text(), "Stop");
+  EXPECT_EQ(focused->accessibleName(), "Stop the work");
+}
+
+TEST_F(Controls, ToggleListsToggle) {
+  WorkForm& form = ShowWork();
+  int clicks = 0;
+  form.found.OnClick = [&] { ++clicks; };
+  ClickRow(form.found, 1);
+  ClickRow(form.found, 2);
+  EXPECT_TRUE(form.found.Selected(1) && form.found.Selected(2));
+  ClickRow(form.found, 2, 2);
+  EXPECT_TRUE(form.found.Selected(2)) << "two quick clicks are two";
+  EXPECT_EQ(clicks, 4);
+
+  Key("Up");
+  Key("Up");
+  EXPECT_EQ(clicks, 4) << "walking chooses nothing";
+  Key("space");
+  EXPECT_TRUE(form.found.Selected(0));
+  EXPECT_TRUE(form.found.Selected(1)) << "other rows stay as they are";
+}
+
+TEST_F(Controls, SingleListsChooseByPointerAndByWalking) {
+  WorkForm& form = ShowWork();
+  ClickRow(form.single, 2);
+  EXPECT_EQ(form.single.ListIndex(), 2);
+  Key("Up");
+  EXPECT_EQ(form.single.ListIndex(), 1);
+  EXPECT_TRUE(form.single.Selected(1) && !form.single.Selected(2));
+}
+
+TEST_F(Controls, ALongListStaysWhereTheUserIs) {
+  WorkForm& form = ShowWork();
+  for (int row = 0; row < 5000; ++row) form.single.Add(u"row");
+  form.single.SetFocus();
+  Turn(60);
+  const auto lists = WindowOf(form)->findChildren<QListView*>();
+  const auto list = std::find_if(lists.begin(), lists.end(), [](const QListView* candidate) {
+    return candidate->model() && candidate->model()->rowCount() == 5003;
+  });
+  ASSERT_NE(list, lists.end());
+  QScrollBar& bar = *(*list)->verticalScrollBar();
+  bar.setValue(bar.maximum() / 2);
+  const int place = bar.value();
+  ClickRow(form.single, 3);
+  EXPECT_GT(form.single.ListIndex(), 2000);
+  EXPECT_NEAR(bar.value(), place, 30);
+  const int chosen = form.single.ListIndex();
+  const int then = bar.value();
+  form.single.Add(u"one more");
+  Turn(30);
+  EXPECT_EQ(bar.value(), then);
+  EXPECT_EQ((*list)->currentIndex().row(), chosen);
+  form.single.Clear();
+  for (int row = 0; row < 4000; ++row) form.single.Add(u"other");
+  Turn(30);
+  EXPECT_EQ(bar.value(), 0) << "new rows begin at their top";
+}
+
+TEST_F(Controls, FoldersOpenByDoubleClickAndEnterOnly) {
+  WorkForm& form = ShowWork();
+  int entered = 0;
+  form.go.OnClick = [&] { ++entered; };
+  form.DefaultButton = &form.go;
+  // Z:\, games, data, scripts, sfx
+  ClickRow(form.folders, 3);
+  EXPECT_EQ(form.folders.Path(), u"Z:\\games");
+  ClickRow(form.folders, 3, 2);
+  EXPECT_EQ(form.folders.Path(), u"Z:\\games\\scripts");
+  Key("Down");
+  Key("Return");
+  EXPECT_EQ(form.folders.Path(), u"Z:\\games\\scripts\\Custom");
+  EXPECT_EQ(entered, 0);
+}
+
+TEST_F(Controls, DrivesDropDown) {
+  WorkForm& form = ShowWork();
+  Click(form.drive);
+  Turn(250);
+  Key("Down");
+  Key("Return");
+  EXPECT_EQ(form.drive.Drive(), u"Z:");
+}
+
+TEST_F(Controls, AComboBoxTellsTypingFromPicking) {
+  WorkForm& form = ShowWork();
+  std::vector<Text> typed;
+  int picked = 0;
+  int entered = 0;
+  form.types.OnChange = [&] { typed.push_back(form.types.Text()); };
+  form.types.OnClick = [&] { ++picked; };
+  form.go.OnClick = [&] { ++entered; };
+  form.DefaultButton = &form.go;
+  Click(form.types, {-40, 0});
+  Hands({"type", "--delay", "30", "Ship"});
+  EXPECT_EQ(typed, (std::vector<Text>{u"S", u"Sh", u"Shi", u"Ship"}));
+  Key("Return");
+  EXPECT_EQ(entered, 1);
+  EXPECT_EQ(picked, 0) << "an item that was typed isn't picked";
+
+  Key("alt+Down");
+  Turn(250);
+  Key("Down");
+  Key("Return");
+  EXPECT_EQ(picked, 1);
+  EXPECT_EQ(form.types.Text(), u"Sound");
+  EXPECT_EQ(entered, 1) << "Enter belonged to the open list";
+}
+
+TEST_F(Controls, TextBoxesTakeTypingAndShowWhatTheRoutineMadeOfIt) {
+  WorkForm& form = ShowWork();
+  form.line.OnChange = [&] {
+    Text text = form.line.Text();
+    std::erase(text, u'/');
+    form.line.SetText(text);
+  };
+  Click(form.line);
+  Hands({"type", "--delay", "30", "a/b"});
+  EXPECT_EQ(form.line.Text(), u"ab");
+  Hands({"type", "c"});
+  EXPECT_EQ(form.line.Text(), u"abc");
+}
+
+TEST(TextBridge, KeepsEveryUnit) {
+  for (const Text& text : {Text(u"\uFEFFx"), Text(u"\uFFFEx"), Text{u'a', 0, u'b'},
+                           Text{u'a', char16_t{0xDC80}, u'b'}, Text()}) {
+    EXPECT_EQ(FromQt(ToQt(text)), text);
+  }
+}
+
+}  // namespace
+}  // namespace tarvo::test

@@ -1,0 +1,71 @@
+#include <chrono>
+#include <thread>
+
+#include "Desk.h"
+#include "desktop/Skin.h"
+
+namespace tarvo::test {
+namespace {
+
+using namespace std::chrono_literals;
+
+using Painting = Desk;
+
+TEST_F(Painting, WorkThatNeverYieldsShowsWhatItRefreshes) {
+  WorkForm& form = ShowWork();
+  const QPoint beside = Middle(form.title);
+  const QPoint half = Middle(form.progress) - QPoint(20, 0);
+  ASSERT_EQ(Pixel(beside), QColor(Qt::black));
+
+  // No event loop turns from here on.
+  form.title.BackColour = palette::kViolet;
+  EXPECT_EQ(Pixel(beside), QColor(Qt::black)) << "changes alone are collected";
+  form.title.Refresh();
+  EXPECT_EQ(Pixel(beside), ToQt(palette::kViolet));
+  form.progress.SetValue(50);
+  EXPECT_EQ(Pixel(half), ToQt(palette::kOrange)) << "a bar shows its value by itself";
+}
+
+TEST_F(Painting, RefreshesThatComeTooFastEndInTheLastState) {
+  WorkForm& form = ShowWork();
+  const QPoint beside = Middle(form.title);
+  const auto colour = [](int step) { return Colour{static_cast<std::uint8_t>(step % 250), 0, 90}; };
+  int step = 0;
+  const auto start = std::chrono::steady_clock::now();
+  for (; step < 20000; ++step) {
+    form.title.BackColour = colour(step);
+    form.title.Refresh();
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 1s) << "twenty thousand refreshes";
+
+  form.title.BackColour = palette::kBlue;
+  form.title.Refresh();
+  std::this_thread::sleep_for(20ms);
+  form.progress.SetValue(1);
+  EXPECT_EQ(Pixel(beside), ToQt(palette::kBlue)) << "what was put off comes with the next one";
+
+  form.title.BackColour = palette::kPeach;
+  form.title.Refresh();
+  form.title.BackColour = palette::kOrange;
+  form.title.Refresh();
+  Turn(40);
+  EXPECT_EQ(Pixel(beside), ToQt(palette::kOrange)) << "or with the event loop";
+}
+
+TEST_F(Painting, ButtonsShowTheirStates) {
+  WorkForm& form = ShowWork();
+  const QPoint side = Middle(form.go) - QPoint(40, 0);
+  const QColor plain = ToQt(palette::kOrange);
+  EXPECT_EQ(Pixel(side), plain);
+  Hands({"mousemove", QString::number(side.x()), QString::number(side.y())});
+  EXPECT_GT(Pixel(side).lightness(), plain.lightness());
+  Hands({"mousedown", "1"});
+  EXPECT_LT(Pixel(side).lightness(), plain.lightness());
+  Hands({"mouseup", "1", "mousemove", "0", "0"});
+  form.Enabled = false;
+  Turn(40);
+  EXPECT_LT(Pixel(side).lightness(), plain.lightness() / 2);
+}
+
+}  // namespace
+}  // namespace tarvo::test
