@@ -3,8 +3,10 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QEventLoop>
+#include <QPointer>
 #include <QThread>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 
 #include "desktop/FormView.h"
@@ -58,6 +60,13 @@ void QtForms::RunModal(Form& form) {
   updates_.ApplyAll();
   QEventLoop loop;
   loops_.push_back({&form, &loop});
+  // Some window managers give the keyboard to a blocked window that is clicked on.
+  const QPointer<QWidget> window = record->view->Widget();
+  const QPointer<QWidget> owner = window->parentWidget();
+  QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &loop, [=](const QWindow* now) {
+    if (!window || !window->isWindow() || !owner || !now || now != owner->windowHandle()) return;
+    QTimer::singleShot(0, window, [window] { window->activateWindow(); });
+  });
   loop.exec();
   std::erase_if(loops_, [&](const ModalLoop& entry) { return entry.loop == &loop; });
 }
@@ -140,10 +149,10 @@ void QtForms::QuitWithoutWindows() {
   if (!any) Quit();
 }
 
-/// Runs before the event loop sleeps, which it does in no handler but those that run loops of
-/// their own: the outermost loop is the one that none of them waits for.
+/// Runs before an event loop sleeps, which happens in no handler but those that wait in a loop of
+/// their own: for a modal form, or for a box or menu of Qt.
 void QtForms::DestroyClosed() {
-  if (!closedSome_ || QThread::currentThread()->loopLevel() > 1) return;
+  if (!closedSome_ || !loops_.empty() || QThread::currentThread()->loopLevel() > 1) return;
   closedSome_ = false;
   screens_->DestroyClosed();
 }

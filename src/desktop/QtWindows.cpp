@@ -2,8 +2,6 @@
 
 #include <QApplication>
 #include <QDesktopServices>
-#include <QGridLayout>
-#include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
 #include <QUrl>
@@ -13,7 +11,6 @@
 namespace tarvo {
 namespace {
 
-constexpr int kTextWidth = 420;
 constexpr QChar kBreakHere(0x200B);
 
 QMessageBox::Icon IconOf(BoxIcon icon) {
@@ -44,14 +41,6 @@ void QtWindows::ShowMessage(TextView text, TextView caption, BoxIcon icon) {
   box.setTextFormat(Qt::PlainText);
   box.setText(Breakable(ToQt(text)));
   box.setStandardButtons(QMessageBox::Ok);
-  if (auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
-    label->setWordWrap(true);
-    const int wanted =
-        label->fontMetrics()
-            .boundingRect(QRect(0, 0, kTextWidth, 0), Qt::TextWordWrap, label->text())
-            .width();
-    label->setFixedWidth(std::clamp(wanted + 8, 160, kTextWidth));
-  }
   box.exec();
 }
 

@@ -15,7 +15,9 @@ namespace tarvo {
 
 /// Unit for unit: unlike QString::fromUtf16 it takes no unit for a byte order mark.
 QString ToQt(TextView text);
-inline QString ToQt(const Property<Text>& text) { return ToQt(text.Get()); }
+inline QString ToQt(const Property<Text>& text) {
+  return ToQt(text.Get());
+}
 Text FromQt(const QString& text);
 
 QColor ToQt(const Colour& colour);

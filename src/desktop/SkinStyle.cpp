@@ -191,7 +191,7 @@ int SkinStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 
 int SkinStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                          QStyleHintReturn* returnData) const {
-  if (hint == SH_ComboBox_Popup) return 0;
+  if (hint == SH_ComboBox_Popup || hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
   if (hint == SH_UnderlineShortcut) return 1;
   return QProxyStyle::styleHint(hint, option, widget, returnData);
 }

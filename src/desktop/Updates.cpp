@@ -104,8 +104,8 @@ void Updates::PaintNow(Entry& entry) {
 
   std::erase_if(overdue_, [&](const Control* control) {
     Entry* late = Find(*control);
-    if (!late || !late->overdue || late == &entry) return true;
-    if (now - late->painted < kPaintInterval) return false;
+    if (!late || !late->overdue) return true;
+    if (late == &entry || now - late->painted < kPaintInterval) return false;
     paint(*late);
     return true;
   });

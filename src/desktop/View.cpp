@@ -31,7 +31,8 @@ void View::ApplyFieldColours() {
   for (const auto role : {QPalette::Base, QPalette::Window, QPalette::HighlightedText}) {
     colours.setColor(role, ground);
   }
-  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::Highlight}) {
+  for (const auto role :
+       {QPalette::Text, QPalette::WindowText, QPalette::ButtonText, QPalette::Highlight}) {
     colours.setColor(role, text);
   }
   colours.setColor(QPalette::PlaceholderText, Mix(text, ground, 0.5));

@@ -91,6 +91,7 @@ void Desk::ClickRow(const Control& list, int row, int times) {
 }
 
 WorkForm& Desk::ShowWork() {
+  Hands({"mousemove", "0", "0"});
   auto& form = screens_.Use<WorkForm>(files_);
   form.Visible = true;
   EXPECT_TRUE(Until([&] { return WindowOf(form) && WindowOf(form)->isActiveWindow(); }));

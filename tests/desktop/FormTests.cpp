@@ -35,8 +35,8 @@ TEST_F(Forms, ADialogSlidesOpenWhileTimersGoOnAndKeysPressItsButtons) {
   form.timer.Enabled = true;
   int pressed = 0;
   form.go.OnClick = [&] { ++pressed; };
-  for (const Case& wanted : {Case{"Escape", u"No"}, Case{"Return", u"Yes"}, Case{"alt+F4", u"No"},
-                             Case{"alt+y", u"Yes"}}) {
+  for (const Case& wanted : {Case{"Escape", u"No"}, Case{"Return", u"Yes"}, Case{"alt+y", u"Yes"},
+                             Case{"alt+F4", u"No"}}) {
     SCOPED_TRACE(wanted.key);
     auto& dialog = screens_.Use<SlidingDialog>(form);
     Text answer;
@@ -52,6 +52,7 @@ TEST_F(Forms, ADialogSlidesOpenWhileTimersGoOnAndKeysPressItsButtons) {
     Later(350, [&] {
       EXPECT_EQ(int(dialog.Width), 4500);
       EXPECT_EQ(WindowOf(dialog)->width(), 300);
+      EXPECT_TRUE(WindowOf(dialog)->isActiveWindow());
       form.Enabled = false;  // The owner's being off leaves the dialog alone.
       const QPoint at = WindowOf(form)->mapToGlobal(PixelRect(form.go).center());
       EXPECT_EQ(QProcess::execute("xdotool", {"mousemove", QString::number(at.x()),
@@ -61,8 +62,12 @@ TEST_F(Forms, ADialogSlidesOpenWhileTimersGoOnAndKeysPressItsButtons) {
     Later(550, [&] {
       ticksMeanwhile = ticks - ticksAtOpen;
       form.Enabled = true;
+      EXPECT_TRUE(WindowOf(dialog)->isActiveWindow());
       Tap(wanted.key);
     });
+    QTimer lifeguard;
+    lifeguard.callOnTimeout([&] { close(u"none"); });
+    lifeguard.start(2000);
     screens_.RunModal(dialog);
     EXPECT_EQ(answer, wanted.answer);
     EXPECT_GE(ticksMeanwhile, 15) << "of some 27 in 550 ms";
@@ -146,7 +151,6 @@ TEST_F(Forms, AWindowAndItsModelAgreeOnTheirPlace) {
   EXPECT_EQ(WindowOf(form)->size(), QSize(642, 500));
   EXPECT_EQ(int(form.Left), 3000);
 
-  WindowOf(form)->windowHandle();
   Hands({"getactivewindow", "windowmove", "300", "260"});
   Turn(100);
   EXPECT_EQ(QPoint(form.Left, form.Top), WindowOf(form)->pos() * 15);
@@ -159,14 +163,13 @@ TEST_F(Forms, AWindowAndItsModelAgreeOnTheirPlace) {
 }
 
 TEST_F(Forms, TheLastWindowEndsTheProcess) {
-  WorkForm& form = ShowWork();
-  bool unloaded = false;
-  form.timer.Enabled = false;
+  ShowWork();
   QTimer::singleShot(50, [&] { Tap("alt+F4"); });
-  QTimer::singleShot(4000, QApplication::instance(), [] { QApplication::exit(9); });
+  QTimer lifeguard;
+  lifeguard.callOnTimeout([] { QApplication::exit(9); });
+  lifeguard.start(4000);
   EXPECT_EQ(QApplication::exec(), 0);
-  unloaded = !screens_.IsOpen(form);
-  EXPECT_TRUE(unloaded);
+  EXPECT_EQ(screens_.Find<WorkForm>(), nullptr);
 }
 
 TEST_F(Forms, ChildFormsStandOnTheirOwnersAndCloseWithThem) {
@@ -180,8 +183,8 @@ TEST_F(Forms, ChildFormsStandOnTheirOwnersAndCloseWithThem) {
   Turn(60);
   const QPoint inside = WindowOf(form)->mapToGlobal(QPoint(290, 290));
   EXPECT_EQ(Pixel(inside), ToQt(palette::kViolet));
-  screens_.Close(form);
-  Turn(30);
+  QTimer::singleShot(0, [&] { screens_.Close(form); });
+  EXPECT_EQ(QApplication::exec(), 0);
   EXPECT_EQ(ShortLived::alive, 0);
 }
 

@@ -13,7 +13,7 @@ using Painting = Desk;
 
 TEST_F(Painting, WorkThatNeverYieldsShowsWhatItRefreshes) {
   WorkForm& form = ShowWork();
-  const QPoint beside = Middle(form.title);
+  const QPoint beside = Middle(form.title) + QPoint(199, -14);
   const QPoint half = Middle(form.progress) - QPoint(20, 0);
   ASSERT_EQ(Pixel(beside), QColor(Qt::black));
 
@@ -28,7 +28,7 @@ TEST_F(Painting, WorkThatNeverYieldsShowsWhatItRefreshes) {
 
 TEST_F(Painting, RefreshesThatComeTooFastEndInTheLastState) {
   WorkForm& form = ShowWork();
-  const QPoint beside = Middle(form.title);
+  const QPoint beside = Middle(form.title) + QPoint(199, -14);
   const auto colour = [](int step) { return Colour{static_cast<std::uint8_t>(step % 250), 0, 90}; };
   int step = 0;
   const auto start = std::chrono::steady_clock::now();
@@ -55,16 +55,17 @@ TEST_F(Painting, RefreshesThatComeTooFastEndInTheLastState) {
 TEST_F(Painting, ButtonsShowTheirStates) {
   WorkForm& form = ShowWork();
   const QPoint side = Middle(form.go) - QPoint(40, 0);
-  const QColor plain = ToQt(palette::kOrange);
-  EXPECT_EQ(Pixel(side), plain);
+  const int plain = ToQt(palette::kOrange).lightness();
+  const auto light = [&] { return Pixel(side).lightness(); };
+  EXPECT_TRUE(Until([&] { return light() == plain; }));
   Hands({"mousemove", QString::number(side.x()), QString::number(side.y())});
-  EXPECT_GT(Pixel(side).lightness(), plain.lightness());
+  EXPECT_TRUE(Until([&] { return light() > plain; })) << "hovered";
   Hands({"mousedown", "1"});
-  EXPECT_LT(Pixel(side).lightness(), plain.lightness());
+  EXPECT_TRUE(Until([&] { return light() < plain; })) << "pressed";
   Hands({"mouseup", "1", "mousemove", "0", "0"});
+  EXPECT_TRUE(Until([&] { return light() == plain; })) << "left alone";
   form.Enabled = false;
-  Turn(40);
-  EXPECT_LT(Pixel(side).lightness(), plain.lightness() / 2);
+  EXPECT_TRUE(Until([&] { return light() < plain / 2; })) << "switched off";
 }
 
 }  // namespace

@@ -1,8 +1,7 @@
-#include "desktop/WaveLength.h"
-
 #include <gtest/gtest.h>
 
 #include "WaveFile.h"
+#include "desktop/WaveLength.h"
 
 namespace tarvo::test {
 namespace {
