@@ -20,10 +20,12 @@ std::string_view TakeLine(std::string_view& text) {
   return line;
 }
 
+/// The digit's value, or -1.
 int DigitOf(char digit, int base) {
-  int value = -1;
-  std::from_chars(&digit, &digit + 1, value, base);
-  return value;
+  constexpr std::string_view kDigits = "0123456789abcdef0123456789ABCDEF";
+  const std::size_t at = kDigits.find(digit);
+  const int value = at == std::string_view::npos ? -1 : static_cast<int>(at % 16);
+  return value < base ? value : -1;
 }
 
 /// Reads up to `most` digits off the front of `text`; -1 when there is none.
