@@ -19,11 +19,11 @@ struct Program {
   QtWindows windows;
   QtForms forms;
   PacDialogue dialogue{app};
-  Application app{{*host.files, *host.settings, *host.registry, sound, *host.locale, *host.clock,
-                   windows},
-                  forms,
-                  dialogue,
-                  ProgramFolder()};
+  Application app{
+      {*host.files, *host.settings, *host.registry, sound, *host.locale, *host.clock, windows},
+      forms,
+      dialogue,
+      ProgramFolder()};
 };
 
 }  // namespace

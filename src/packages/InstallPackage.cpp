@@ -55,7 +55,6 @@ class frmPackager::Installation {
         InstallGameFile(entries_[i], bodies_[i]);
       }
     }
-    files_.Sync(app_.State.GamePath);
   }
 
  private:

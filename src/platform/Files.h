@@ -48,7 +48,7 @@ class FileReplacement {
 
   /// Puts the file in its place, with the mode and owner of the file that it replaces. Where an
   /// old file is replaced the new one is on the disk before the old one goes; a new file may still
-  /// be on its way (see Files::Sync). Call it once.
+  /// be on its way. Call it once.
   virtual void Commit() = 0;
 };
 
@@ -109,9 +109,6 @@ class Files {
 
   /// The drives of the machine, each as "Z:".
   virtual std::vector<Text> Drives() = 0;
-
-  /// Returns when all that was written to the file system of `folder` is on its disk.
-  virtual void Sync(TextView folder) = 0;
 
   /// Deletes the temporary siblings of processes of this user that have ended. Called once at the
   /// start of a program. Throws nothing: what can't be deleted stays for the next start.

@@ -52,11 +52,10 @@ void frmMainMenu::LayOutDecoration() {
     Colour colour;
     int left, top, width, height;
   };
-  static constexpr std::array<Bar, 5> kBars = {Bar{palette::kViolet, 300, 360, 780, 840},
-                                               Bar{palette::kOrange, 300, 1410, 6085, 255},
-                                               Bar{palette::kOrange, 7890, 1410, 1395, 255},
-                                               Bar{palette::kPeach, 300, 1740, 780, 3105},
-                                               Bar{palette::kBlue, 300, 4920, 780, 1885}};
+  static constexpr std::array<Bar, 5> kBars = {
+      Bar{palette::kViolet, 300, 360, 780, 840}, Bar{palette::kOrange, 300, 1410, 6085, 255},
+      Bar{palette::kOrange, 7890, 1410, 1395, 255}, Bar{palette::kPeach, 300, 1740, 780, 3105},
+      Bar{palette::kBlue, 300, 4920, 780, 1885}};
   for (std::size_t i = 0; i < kBars.size(); ++i) {
     fraBars[i].BackColour = kBars[i].colour;
     fraBars[i].Move(kBars[i].left, kBars[i].top, kBars[i].width, kBars[i].height);

@@ -23,7 +23,6 @@ class FakeFiles : public Files {
   std::uint64_t FileSize(TextView path) override { return files_.at(Text(path)).size(); }
   unsigned Attributes(TextView) override { return kNormalFile; }
   std::vector<Text> Drives() override { return {u"C:", u"Z:"}; }
-  void Sync(TextView) override {}
   void RemoveAbandoned() override {}
 
   std::unique_ptr<FileReader> Open(TextView path) override {

@@ -209,12 +209,5 @@ TEST_F(PosixFilesTest, MarksAsReadOnlyThroughTheWriteBits) {
   EXPECT_EQ(CodeOf([&] { files.Attributes(folder.Game(u"missing")); }), ENOENT);
 }
 
-TEST_F(PosixFilesTest, SyncsFoldersAlone) {
-  folder.Put("file", "");
-  files.Sync(folder.Game());
-  EXPECT_EQ(CodeOf([&] { files.Sync(folder.Game(u"file")); }), ENOTDIR);
-  EXPECT_EQ(CodeOf([&] { files.Sync(folder.Game(u"missing")); }), ENOENT);
-}
-
 }  // namespace
 }  // namespace tarvo::test

@@ -174,9 +174,4 @@ std::vector<Text> FailingFiles::FolderNames(TextView folder) {
   return files_.FolderNames(folder);
 }
 
-void FailingFiles::Sync(TextView folder) {
-  Take(FileStep::Sync, folder);
-  files_.Sync(folder);
-}
-
 }  // namespace tarvo::test

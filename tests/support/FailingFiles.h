@@ -23,7 +23,6 @@ enum class FileStep {
   Rename,
   Remove,
   List,
-  Sync,
   Count,
 };
 
@@ -60,7 +59,6 @@ class FailingFiles : public Files {
   std::vector<Text> FileNames(TextView folder, TextView pattern = u"*") override;
   std::vector<Text> FolderNames(TextView folder) override;
   std::vector<Text> Drives() override { return files_.Drives(); }
-  void Sync(TextView folder) override;
   void RemoveAbandoned() override { files_.RemoveAbandoned(); }
 
  private:

@@ -163,10 +163,4 @@ void PosixFiles::Rename(TextView from, TextView to) {
   state_->names.Added(HostFolderOf(target), HostNameOf(target));
 }
 
-void PosixFiles::Sync(TextView folder) {
-  const std::string host = FolderPath(u"sync", folder);
-  const Descriptor handle(open(host.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!handle.IsOpen() || syncfs(handle.Get()) != 0) Fail(u"sync", folder, errno);
-}
-
 }  // namespace tarvo

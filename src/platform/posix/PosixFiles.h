@@ -35,7 +35,6 @@ class PosixFiles : public Files {
   std::vector<Text> FileNames(TextView folder, TextView pattern = u"*") override;
   std::vector<Text> FolderNames(TextView folder) override;
   std::vector<Text> Drives() override { return {u"Z:"}; }
-  void Sync(TextView folder) override;
   void RemoveAbandoned() override { state_->siblings.RemoveAbandoned(); }
 
  private:
