@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QListView>
+#include <QPixmap>
 #include <QProcess>
+#include <QScreen>
 #include <QTimer>
 
 #include "desktop/Skin.h"
@@ -116,13 +118,9 @@ QPoint Desk::Middle(const Control& control) {
 }
 
 QColor Desk::Pixel(QPoint place) {
-  QProcess tool;
-  tool.start("import", {"-window", "root", "-depth", "8", "-crop",
-                        QString("1x1+%1+%2").arg(place.x()).arg(place.y()), "rgb:-"});
-  tool.waitForFinished();
-  const QByteArray rgb = tool.readAllStandardOutput();
-  if (rgb.size() != 3) return {};
-  return {static_cast<uchar>(rgb[0]), static_cast<uchar>(rgb[1]), static_cast<uchar>(rgb[2])};
+  const QPixmap grab =
+      QGuiApplication::primaryScreen()->grabWindow(0, place.x(), place.y(), 1, 1);
+  return grab.toImage().pixelColor(0, 0);
 }
 
 }  // namespace tarvo::test
