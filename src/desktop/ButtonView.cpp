@@ -9,6 +9,13 @@
 #include "desktop/SkinStyle.h"
 
 namespace tarvo {
+namespace {
+
+/// How much is left of a button that is switched off: of its bar, and of its caption.
+constexpr qreal kOffGround = 0.25;
+constexpr qreal kOffCaption = 0.6;
+
+}  // namespace
 
 PillButton::PillButton(QWidget* parent) : QAbstractButton(parent) {
   setFocusPolicy(Qt::StrongFocus);
@@ -39,10 +46,13 @@ void PillButton::paintEvent(QPaintEvent*) {
   };
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  if (!isEnabled()) painter.setOpacity(0.4);
   const bool bare = ground_.alpha() == 0;
+  if (!isEnabled()) painter.setOpacity(kOffGround);
   if (!bare) DrawPill(painter, rect(), lit(ground_));
-  painter.setPen(bare ? lit(caption_) : caption_);
+  // Dimmed alike, a dark caption would vanish in its bar: it takes the bar's colour instead.
+  if (!isEnabled()) painter.setOpacity(kOffCaption);
+  const bool asBar = !bare && !isEnabled();
+  painter.setPen(asBar ? ground_ : bare ? lit(caption_) : caption_);
   painter.drawText(CaptionArea(), Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine,
                    Elided());
   if (hasFocus()) {
