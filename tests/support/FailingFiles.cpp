@@ -11,7 +11,7 @@ namespace {
 /// The verbs that the real files use.
 constexpr TextView kVerbs[] = {u"look at", u"change", u"open",  u"read",  u"replace",
                                u"write",   u"write",  u"write", u"write", u"make folder",
-                               u"rename",  u"delete", u"list",  u"sync"};
+                               u"rename",  u"delete", u"list"};
 static_assert(std::size(kVerbs) == static_cast<std::size_t>(FileStep::Count));
 
 }  // namespace
