@@ -85,7 +85,8 @@ std::vector<TGLString> TGLFileRep::ReadEntries(TextView Filename) {
 
 void TGLFileRep::Read_FileHeader(VBFileStream& stream) {
   for (const auto field : kTGLHeaderFields) header_.*field = stream.ReadLong();
-  if (header_.Magic != kTGLMagic) {
+  const bool isWhole = stream.FileSize() >= static_cast<std::int32_t>(kTGLHeaderBytes);
+  if (!isWhole || header_.Magic != kTGLMagic) {
     throw RaisedError(u"TGLFileRep.Read_FileHeader",
                       u"The file does not appear to be a valid TGL file!");
   }
