@@ -1,0 +1,230 @@
+#include "platform/posix/PosixReplacement.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <limits>
+#include <vector>
+
+#include "platform/PlatformError.h"
+#include "platform/posix/HostPaths.h"
+#include "platform/posix/PosixFileReader.h"
+#include "platform/posix/RenameFile.h"
+
+namespace tarvo {
+namespace {
+
+constexpr std::size_t kBufferSize = 64 * 1024;
+constexpr int kMostLinks = 40;
+
+/// Up to here a copy goes through the buffer: a write that is shared with its neighbours costs
+/// less than a call of its own.
+constexpr std::uint64_t kSmallCopy = 16 * 1024;
+
+std::string LinkTarget(const std::string& link) {
+  std::string target(PATH_MAX, '\0');
+  const ssize_t length = readlink(link.c_str(), target.data(), target.size());
+  target.resize(length < 0 ? 0 : static_cast<std::size_t>(length));
+  return target;
+}
+
+int Renamed(const std::string& from, const std::string& to) {
+  return rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+}
+
+}  // namespace
+
+PosixReplacement::PosixReplacement(std::shared_ptr<PosixState> state, const std::string& hostPath,
+                                   TextView path, NewFile newFile)
+    : state_(std::move(state)), path_(path), newFile_(newFile) {
+  FollowLinks(hostPath);
+  old_ = Standing();
+  OpenSibling();
+}
+
+void PosixReplacement::Fail(TextView operation, int code) const {
+  throw PlatformError(Text(operation), path_, code);
+}
+
+void PosixReplacement::FailWriting(int code) {
+  failure_ = code;
+  Fail(u"write", code);
+}
+
+void PosixReplacement::FollowLinks(const std::string& hostPath) {
+  target_ = hostPath;
+  if (target_.ends_with('/')) Fail(u"replace", EISDIR);
+  struct stat state;
+  for (int hops = 0; lstat(target_.c_str(), &state) == 0 && S_ISLNK(state.st_mode); ++hops) {
+    if (hops == kMostLinks) Fail(u"replace", ELOOP);
+    const std::string next = LinkTarget(target_);
+    if (next.empty()) Fail(u"replace", errno);
+    target_ = next.front() == '/' ? next : JoinHostPath(HostFolderOf(target_), next);
+  }
+}
+
+/// What stands at the target now; throws when it can't be replaced.
+std::optional<struct stat> PosixReplacement::Standing() const {
+  struct stat state;
+  if (lstat(target_.c_str(), &state) != 0) {
+    if (errno != ENOENT) Fail(u"replace", errno);
+    return std::nullopt;
+  }
+  if (S_ISDIR(state.st_mode)) Fail(u"replace", EISDIR);
+  if (!S_ISREG(state.st_mode)) Fail(u"replace", EINVAL);
+  if ((state.st_mode & 0222) == 0) Fail(u"replace", EACCES);
+  // Renaming would get round a permission that writing into the file needs.
+  if (faccessat(AT_FDCWD, target_.c_str(), W_OK, AT_EACCESS) != 0) Fail(u"replace", errno);
+  return state;
+}
+
+void PosixReplacement::OpenSibling() {
+  const std::string folder = HostFolderOf(target_);
+  sibling_ = state_->siblings.Next(folder);
+  // What replaces a private file stays private while it grows.
+  const mode_t mode = old_ ? 0600 : 0666;
+  file_ = Descriptor(
+      open(sibling_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
+  if (!file_.IsOpen()) {
+    const int code = errno;
+    sibling_.clear();
+    state_->siblings.Gone();
+    Fail(u"replace", code);
+  }
+  state_->names.Touched(folder);
+}
+
+void PosixReplacement::WriteOut(FileTextView bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = write(file_.Get(), bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) FailWriting(count < 0 ? errno : EIO);
+    bytes.remove_prefix(static_cast<std::size_t>(count));
+  }
+}
+
+void PosixReplacement::Flush() {
+  WriteOut(buffer_);
+  buffer_.clear();
+}
+
+void PosixReplacement::Write(FileTextView bytes) {
+  if (failure_ != 0) FailWriting(failure_);
+  if (buffer_.size() + bytes.size() > kBufferSize) Flush();
+  if (bytes.size() >= kBufferSize) {
+    WriteOut(bytes);
+  } else {
+    buffer_.append(bytes);
+  }
+}
+
+std::uint64_t PosixReplacement::CopyFrom(FileReader& source, std::uint64_t position,
+                                         std::uint64_t count) {
+  if (failure_ != 0) FailWriting(failure_);
+  std::uint64_t copied = 0;
+  auto* const file = dynamic_cast<PosixFileReader*>(&source);
+  if (file && count > kSmallCopy) {
+    Flush();
+    copied = CopyInKernel(*file, position, count);
+  }
+  if (copied == count) return copied;
+  // What the kernel leaves over, be it for the file systems' sake, for a failure or for the end
+  // of the source, shows its reason here.
+  std::vector<char> block(std::min<std::uint64_t>(count - copied, kBufferSize));
+  while (copied < count) {
+    const std::size_t wanted = std::min<std::uint64_t>(count - copied, block.size());
+    const std::size_t read = source.ReadAt(position + copied, {block.data(), wanted});
+    Write({block.data(), read});
+    copied += read;
+    if (read < wanted) break;
+  }
+  return copied;
+}
+
+/// Gives the bytes copied, which may be fewer than there are.
+std::uint64_t PosixReplacement::CopyInKernel(PosixFileReader& source, std::uint64_t position,
+                                             std::uint64_t count) {
+  constexpr auto kLast = static_cast<std::uint64_t>(std::numeric_limits<off_t>::max());
+  constexpr std::uint64_t kMostAtOnce = 1 << 30;
+  std::uint64_t copied = 0;
+  while (copied < count && position + copied < kLast) {
+    auto at = static_cast<off64_t>(position + copied);
+    const ssize_t step = copy_file_range(source.Handle(), &at, file_.Get(), nullptr,
+                                         std::min(count - copied, kMostAtOnce), 0);
+    if (step < 0 && errno == EINTR) continue;
+    if (step <= 0) break;
+    copied += static_cast<std::uint64_t>(step);
+  }
+  return copied;
+}
+
+/// Gives the sibling owner and mode of the file that it replaces, or less where that isn't allowed.
+void PosixReplacement::TakeOver(const struct stat& old) {
+  mode_t mode = old.st_mode & 07777;
+  const int file = file_.Get();
+  if (fchown(file, old.st_uid, old.st_gid) != 0) {
+    mode &= 01777;
+    // The group's rights were meant for another group.
+    if (fchown(file, static_cast<uid_t>(-1), old.st_gid) != 0) mode &= ~070u | ((mode & 7u) << 3);
+  }
+  if (fchmod(file, mode) != 0) Fail(u"write", errno);
+}
+
+/// Brings the sibling to its end, ready to be renamed.
+void PosixReplacement::Finish() {
+  if (old_) TakeOver(*old_);
+  const bool synced = old_ || newFile_ == NewFile::Synced;
+  if (synced && fsync(file_.Get()) != 0) Fail(u"write", errno);
+  if (const int code = file_.Close()) Fail(u"write", code);
+}
+
+void PosixReplacement::PutInPlace() {
+  if (failure_ != 0) FailWriting(failure_);
+  Flush();
+  std::optional<struct stat> standing = Standing();
+  if (standing) old_ = standing;
+  Finish();
+  int code = standing ? Renamed(sibling_, target_) : RenameWithoutReplacing(sibling_, target_);
+  if (!standing && code == EEXIST) {
+    // A file has come to stand there meanwhile: its mode and owner count.
+    file_ = Descriptor(open(sibling_.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW));
+    if (!file_.IsOpen()) Fail(u"replace", errno);
+    standing = Standing();
+    if (standing) old_ = standing;
+    Finish();
+    code = Renamed(sibling_, target_);
+  }
+  if (code != 0) Fail(u"replace", code);
+}
+
+void PosixReplacement::Commit() {
+  try {
+    PutInPlace();
+  } catch (...) {
+    Drop();
+    throw;
+  }
+  sibling_.clear();
+  state_->siblings.Gone();
+  const std::string folder = HostFolderOf(target_);
+  state_->names.Added(folder, HostNameOf(target_));
+  if (!old_ && newFile_ == NewFile::Unsynced) return;
+  // Should this fail, a power cut may bring back the old file, whole; the new one stands.
+  const Descriptor handle(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (handle.IsOpen()) fsync(handle.Get());
+}
+
+void PosixReplacement::Drop() {
+  file_.Close();
+  if (sibling_.empty()) return;
+  const bool gone = unlink(sibling_.c_str()) == 0 || errno == ENOENT;
+  if (gone) state_->siblings.Gone();
+  state_->names.Touched(HostFolderOf(sibling_));
+  sibling_.clear();
+}
+
+}  // namespace tarvo

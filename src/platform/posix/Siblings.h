@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "platform/posix/Descriptor.h"
+
+namespace tarvo {
+
+/// The temporary siblings that files grow in: their names, and the journal that lets a later
+/// process remove those of a process that was killed.
+///
+/// A sibling is named ".tarvo-TOKEN-N.tmp"; the token belongs to one object of this class in one
+/// process. The journal, "TOKEN.pending" in the journal folder, lists the folders that may hold
+/// siblings, one a line, and is locked for as long as its owner lives. Where it can't be made or
+/// written the work goes on without it.
+class Siblings {
+ public:
+  /// `journalFolder` is made on first use, for the user alone; an empty one means no journal.
+  explicit Siblings(std::string journalFolder);
+  Siblings(const Siblings&) = delete;
+  Siblings& operator=(const Siblings&) = delete;
+
+  /// Deletes the journal, unless a sibling is left.
+  ~Siblings();
+
+  /// The path of a new sibling in `folder`, to be made by the caller.
+  std::string Next(const std::string& folder);
+
+  /// A sibling that Next has named stands no longer, or was never made.
+  void Gone() { --left_; }
+
+  /// Deletes the siblings of processes that have ended, and their journals. What can't be deleted
+  /// stays for the next time.
+  void RemoveAbandoned() const;
+
+  static bool IsSibling(std::string_view name);
+
+ private:
+  void Note(const std::string& folder);
+  void OpenJournal();
+  std::string JournalPath() const;
+
+  std::string journalFolder_;
+  std::string token_;
+  Descriptor journal_;
+  bool hasJournal_ = true;  ///< False once the journal couldn't be made.
+  std::set<std::string> noted_;
+  std::uint64_t lastNumber_ = 0;
+  std::int64_t left_ = 0;
+};
+
+}  // namespace tarvo

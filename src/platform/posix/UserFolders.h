@@ -1,0 +1,24 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+
+namespace tarvo {
+
+/// Where the program keeps what belongs to the user, as paths of the host. Nothing is made here.
+
+/// The user's home folder; empty when the system knows none.
+std::string HomeFolder();
+
+/// $XDG_STATE_HOME/tarvo-packager, by default ~/.local/state/tarvo-packager; empty without a home.
+std::string DefaultJournalFolder();
+
+/// $XDG_CONFIG_HOME/tarvo-packager/settings.ini, by default below ~/.config; empty without a home.
+std::string DefaultSettingsFile();
+
+/// Makes a folder, and what is missing of the folders above it. Gives false, with errno set, when
+/// there is no such folder afterwards.
+bool MakeFolders(const std::string& hostPath, mode_t mode);
+
+}  // namespace tarvo
