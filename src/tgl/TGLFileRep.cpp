@@ -60,10 +60,12 @@ auto TGLFileRep::Reading(TextView Filename, Step step) {
 
 TGLStrings TGLFileRep::ReadFile(TextView Filename) {
   return Reading(Filename, [&](VBFileStream& stream) {
-    TGLStrings strings;
-    Read_Names(stream, strings);
-    for (std::size_t i = 1; i < kTGLColumns.size(); ++i) {
-      Read_Column(stream, strings, kTGLColumns[i]);
+    const std::vector<TGLStrings::FilePlaces> places = Read_Places(stream);
+    TGLStrings strings(stream.TakeFile(), places);
+    if (strings.Count() < header_.StringCount) {
+      throw RaisedError(u"TGLFileRep.ReadFile", u"There is no string at the place " +
+                                                    Decimal(strings.Count() + 1) +
+                                                    u", as names of the file differ only in case.");
     }
     return strings;
   });
@@ -113,37 +115,35 @@ void TGLFileRep::Read_FileOffsetBlocks(VBFileStream& stream) {
 
 /// Names past the file's end are blank, so that a file which can't hold its count of strings ends
 /// at the first of them.
-void TGLFileRep::Read_Names(VBFileStream& stream, TGLStrings& strings) {
-  stream.ReadLong();  // The size of the block: nothing depends on it.
-  for (std::int32_t i = 0; i < header_.StringCount; ++i) {
-    strings.Add(stream.ReadString(kTGLColumns[0].Form), u" ", u" ");
-  }
-}
-
-void TGLFileRep::Read_Column(VBFileStream& stream, TGLStrings& strings, const TGLColumn& column) {
-  stream.ReadLong();
-  for (std::int32_t i = 1; i <= header_.StringCount; ++i) {
-    const TGLStrings::Entry entry = strings.Item(i);
-    if (!entry) {
-      throw RaisedError(u"TGLFileRep.Read_Column",
-                        u"There is no string at the place " + Decimal(i) +
-                            u", as names of the file differ only in case.");
+std::vector<TGLStrings::FilePlaces> TGLFileRep::Read_Places(VBFileStream& stream) {
+  std::vector<TGLStrings::FilePlaces> places;
+  const auto count = static_cast<std::size_t>(header_.StringCount);
+  if (stream.CurrentFilePos() <= stream.FileSize()) places.reserve(count);
+  for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
+    const StringType form = kTGLColumns[column].Form;
+    stream.ReadLong();  // The size of the block: nothing depends on it.
+    for (std::size_t i = 0; i < count; ++i) {
+      if (column == 0) {
+        if (stream.CurrentFilePos() > stream.FileSize()) TGLStrings::RefuseBlankName();
+        places.emplace_back();
+      }
+      places[i][column] = stream.PassString(form);
     }
-    (*entry).*column.Field = stream.ReadString(column.Form);
   }
+  return places;
 }
 
 void TGLFileRep::WriteFile(TextView Filename, const TGLStrings* Strings, bool Overwrite) {
   CheckTarget(Filename, Strings, Overwrite);
   const SortedStrings sorted = Write_SortString(*Strings);
-  const Layout layout = Write_CalcOffsetBlocks(sorted);
+  const Layout layout = Write_CalcOffsetBlocks(*Strings, sorted);
   VBFileStream stream(files_);
   stream.OpenFile(Filename, VBFileStream::Access::Replace);
   Write_FileHeader(stream, Strings->Count());
   Write_FileOffsetBlocks(stream, layout);
-  for (const TGLColumn& column : kTGLColumns) {
-    stream.WriteLong(layout.BlockSizes.*column.BlockSize);
-    Write_Column(stream, sorted, column);
+  for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
+    stream.WriteLong(layout.BlockSizes.*kTGLColumns[column].BlockSize);
+    Write_Column(stream, *Strings, sorted, column);
   }
   stream.CloseFile();
 }
@@ -164,13 +164,17 @@ void TGLFileRep::CheckTarget(TextView Filename, const TGLStrings* Strings, bool 
 TGLFileRep::SortedStrings TGLFileRep::Write_SortString(const TGLStrings& strings) {
   struct Hashed {
     std::uint32_t Hash;
-    const TGLString* String;
+    std::uint32_t Slot;
   };
   const TGLStringHasher hasher;
+  const auto nameOf = [&](std::uint32_t slot) {
+    const TGLStrings::Slot& found = strings.slots_[slot];
+    return found.Object ? found.Object->Name : strings.TextInFile(found, 0);
+  };
   std::vector<Hashed> hashed;
-  hashed.reserve(static_cast<std::size_t>(strings.Count()));
-  for (const TGLStrings::Entry& entry : strings) {
-    hashed.push_back({hasher.HashNumber(entry->Name), entry.get()});
+  hashed.reserve(strings.order_.size());
+  for (const std::uint32_t slot : strings.order_) {
+    hashed.push_back({hasher.HashNumber(nameOf(slot)), slot});
   }
   std::stable_sort(hashed.begin(), hashed.end(),
                    [](const Hashed& a, const Hashed& b) { return a.Hash < b.Hash; });
@@ -180,29 +184,35 @@ TGLFileRep::SortedStrings TGLFileRep::Write_SortString(const TGLStrings& strings
   if (twice != hashed.end()) {
     throw RaisedError(u"TGLFileRep.Write_SortString",
                       u"An error occurred in while hashing the strings.  Error: The names '" +
-                          twice[0].String->Name + u"' and '" + twice[1].String->Name +
+                          nameOf(twice[0].Slot) + u"' and '" + nameOf(twice[1].Slot) +
                           u"' have one hash, " + TGLStringHasher::HashText(twice->Hash) + u".");
   }
   SortedStrings sorted(hashed.size());
   std::transform(hashed.begin(), hashed.end(), sorted.begin(),
-                 [](const Hashed& item) { return item.String; });
+                 [&](const Hashed& item) { return &strings.slots_[item.Slot]; });
   return sorted;
 }
 
-TGLFileRep::Layout TGLFileRep::Write_CalcOffsetBlocks(const SortedStrings& strings) {
+TGLFileRep::Layout TGLFileRep::Write_CalcOffsetBlocks(const TGLStrings& strings,
+                                                      const SortedStrings& sorted) {
   Layout layout;
-  layout.OffsetBlocks.resize(strings.size());
-  for (const TGLColumn& column : kTGLColumns) {
+  layout.OffsetBlocks.resize(sorted.size());
+  for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
+    const TGLColumn& format = kTGLColumns[column];
     std::int64_t offset = 0;
-    for (std::size_t i = 0; i < strings.size(); ++i) {
-      layout.OffsetBlocks[i].*column.Offset = static_cast<std::int32_t>(offset);
-      offset += static_cast<std::int64_t>((strings[i]->*column.Field).size()) + 1;
+    for (std::size_t i = 0; i < sorted.size(); ++i) {
+      const TGLStrings::Slot& slot = *sorted[i];
+      const std::size_t length =
+          slot.Object ? ((*slot.Object).*format.Field).size()
+                      : strings.BytesInFile(slot, column).size() / UnitBytes(format.Form);
+      layout.OffsetBlocks[i].*format.Offset = static_cast<std::int32_t>(offset);
+      offset += static_cast<std::int64_t>(length) + 1;
       if (offset > kGreatestNumber) {
         throw RaisedError(u"TGLFileRep.Write_CalcOffsetBlocks",
                           u"The strings are too long for one file.");
       }
     }
-    layout.BlockSizes.*column.BlockSize = static_cast<std::int32_t>(offset);
+    layout.BlockSizes.*format.BlockSize = static_cast<std::int32_t>(offset);
   }
   return layout;
 }
@@ -218,9 +228,19 @@ void TGLFileRep::Write_FileOffsetBlocks(VBFileStream& stream, const Layout& layo
   }
 }
 
-void TGLFileRep::Write_Column(VBFileStream& stream, const SortedStrings& strings,
-                              const TGLColumn& column) {
-  for (const TGLString* string : strings) stream.WriteString(string->*column.Field, column.Form);
+/// What nobody has asked for goes from file to file as it stands.
+void TGLFileRep::Write_Column(VBFileStream& stream, const TGLStrings& strings,
+                              const SortedStrings& sorted, std::size_t column) {
+  const TGLColumn& format = kTGLColumns[column];
+  const FileText terminator(UnitBytes(format.Form), '\0');
+  for (const TGLStrings::Slot* slot : sorted) {
+    if (slot->Object) {
+      stream.WriteString((*slot->Object).*format.Field, format.Form);
+    } else {
+      stream.WriteBytes(strings.BytesInFile(*slot, column));
+      stream.WriteBytes(terminator);
+    }
+  }
 }
 
 }  // namespace tarvo

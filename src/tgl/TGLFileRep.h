@@ -51,7 +51,8 @@ class TGLFileRep {
   void WriteFile(TextView Filename, const TGLStrings* Strings, bool Overwrite = false);
 
  private:
-  using SortedStrings = std::vector<const TGLString*>;
+  /// What WriteFile writes: the slots of a collection in the order of their hashes.
+  using SortedStrings = std::vector<const TGLStrings::Slot*>;
 
   struct Layout {
     std::vector<TGLOffsetBlock> OffsetBlocks;
@@ -62,15 +63,15 @@ class TGLFileRep {
   auto Reading(TextView Filename, Step step);
   void Read_FileHeader(VBFileStream& stream);
   void Read_FileOffsetBlocks(VBFileStream& stream);
-  void Read_Names(VBFileStream& stream, TGLStrings& strings);
-  void Read_Column(VBFileStream& stream, TGLStrings& strings, const TGLColumn& column);
+  std::vector<TGLStrings::FilePlaces> Read_Places(VBFileStream& stream);
 
   void CheckTarget(TextView Filename, const TGLStrings* Strings, bool Overwrite);
   SortedStrings Write_SortString(const TGLStrings& strings);
-  Layout Write_CalcOffsetBlocks(const SortedStrings& strings);
+  Layout Write_CalcOffsetBlocks(const TGLStrings& strings, const SortedStrings& sorted);
   void Write_FileHeader(VBFileStream& stream, std::int32_t count);
   void Write_FileOffsetBlocks(VBFileStream& stream, const Layout& layout);
-  void Write_Column(VBFileStream& stream, const SortedStrings& strings, const TGLColumn& column);
+  void Write_Column(VBFileStream& stream, const TGLStrings& strings, const SortedStrings& sorted,
+                    std::size_t column);
 
   Files& files_;
   TGLHeader header_;

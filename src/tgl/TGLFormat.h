@@ -5,8 +5,8 @@
 #include <cstdint>
 
 #include "text/Text.h"
-#include "tgl/TGLStrings.h"
-#include "tgl/VBFileStream.h"
+#include "tgl/FileStrings.h"
+#include "tgl/TGLString.h"
 
 namespace tarvo {
 

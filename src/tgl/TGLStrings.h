@@ -1,35 +1,31 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <unordered_map>
 #include <vector>
 
 #include "text/Text.h"
+#include "tgl/KeyIndex.h"
+#include "tgl/TGLString.h"
 
 namespace tarvo {
-
-/// One entry of a text database: a plain record, with no checks. A file holds Name and
-/// MediaFilename in code page Windows-1252, where a character that the page lacks becomes "?", and
-/// Data as its 16-bit units. A NUL unit inside a field ends it for whoever reads the file.
-struct TGLString {
-  Text Name;           ///< The key text.
-  Text Data;           ///< What is shown.
-  Text MediaFilename;  ///< The sound that goes with it.
-
-  friend bool operator==(const TGLString&, const TGLString&) = default;
-};
 
 /// The keyed, ordered collection of entries. Each has a place, counted from 1 in the order of
 /// adding, and a key; keys are compared without regard to case, and one key stands only once.
 ///
 /// Entries are shared: what Add, Item, Lookup and a walk give is the object in the collection, and
 /// it outlives its removal for whoever holds it. Changing an entry's Name doesn't change its key.
-/// Collections can be moved, not copied.
+/// Collections can be moved, not copied, and are for one thread, also for looking at.
+///
+/// A database has tens of thousands of strings, of which a change touches a few. So a collection
+/// that was loaded keeps the bytes of its file, and makes an entry when it is first asked for.
 class TGLStrings {
  public:
   using Entry = std::shared_ptr<TGLString>;
+  class Walk;
 
   TGLStrings() = default;
   TGLStrings(TGLStrings&&) = default;
@@ -54,7 +50,7 @@ class TGLStrings {
   Entry Item(std::int32_t Index) const;
   Entry Item(TextView Index) const { return Lookup(Index); }
 
-  std::int32_t Count() const { return static_cast<std::int32_t>(entries_.size()); }
+  std::int32_t Count() const { return static_cast<std::int32_t>(order_.size()); }
 
   /// Takes out the entry at a place counted from 1, or with a key; the places behind it move up.
   /// Raises RaisedError with the Source "TGLStrings.Remove" when there is none.
@@ -62,15 +58,66 @@ class TGLStrings {
   void Remove(TextView Index);
 
   /// A walk over the entries in the order of their places. Adding and removing ends it.
-  auto begin() const { return entries_.begin(); }
-  auto end() const { return entries_.end(); }
+  Walk begin() const;
+  Walk end() const;
 
  private:
+  friend class TGLFileRep;
+
+  /// Where the fields of a string begin in its file, in bytes from 0.
+  using FilePlaces = std::array<std::uint32_t, 3>;
+
+  struct Slot {
+    Entry Object;   ///< Null until asked for, where the string stands in the file.
+    FilePlaces At;  ///< In the file; else where the key begins in `keys_`, and its length.
+    bool IsFromFile;
+  };
+
+  /// The strings of a file, which ends in kEndBytes 0 bytes. Of several with one key the first
+  /// goes in. Raises what Add raises for a blank Name.
+  TGLStrings(FileText file, const std::vector<FilePlaces>& strings);
+
+  [[noreturn]] static void RefuseBlankName();
+
+  /// A field of a string that stands in the file: its bytes without terminator, and its text.
+  /// `column` is its number in kTGLColumns.
+  FileTextView BytesInFile(const Slot& slot, std::size_t column) const;
+  Text TextInFile(const Slot& slot, std::size_t column) const;
+
+  Entry EntryOf(std::uint32_t slot) const;
+  bool HasKey(std::uint32_t slot, TextView foldedKey) const;
+  std::uint32_t HashOfKey(std::uint32_t slot) const;
   void RemoveAt(std::size_t at);
 
-  std::vector<Entry> entries_;
-  std::vector<const Text*> keys_;  ///< For each entry its key in `byKey_`.
-  std::unordered_map<Text, Entry> byKey_;
+  FileText file_;                     ///< What was loaded, never changed.
+  Text keys_;                         ///< The folded keys of what was added, one after the other.
+  mutable std::vector<Slot> slots_;   ///< In the order of coming, those removed included.
+  std::vector<std::uint32_t> order_;  ///< For each place its slot.
+  KeyIndex index_;                    ///< Slots by the hashes of their folded keys.
 };
+
+/// An iterator: each step gives the Entry at the next place.
+class TGLStrings::Walk {
+ public:
+  Walk(const TGLStrings& strings, std::int32_t place) : strings_(&strings), place_(place) {}
+
+  Entry operator*() const { return strings_->Item(place_); }
+  Walk& operator++() {
+    ++place_;
+    return *this;
+  }
+  bool operator==(const Walk& other) const { return place_ == other.place_; }
+
+ private:
+  const TGLStrings* strings_;
+  std::int32_t place_;
+};
+
+inline TGLStrings::Walk TGLStrings::begin() const {
+  return {*this, 1};
+}
+inline TGLStrings::Walk TGLStrings::end() const {
+  return {*this, Count() + 1};
+}
 
 }  // namespace tarvo

@@ -2,21 +2,19 @@
 
 #include <algorithm>
 #include <limits>
+#include <span>
+#include <utility>
 
-#include "text/CodePage.h"
 #include "text/RaisedError.h"
 #include "tgl/Blanks.h"
 
 namespace tarvo {
 namespace {
 
+using Number = std::uint32_t;
+
 constexpr std::size_t kLongest = std::numeric_limits<std::int32_t>::max();
 constexpr std::size_t kHandOnAt = 256 * 1024;
-
-void AppendUnit(FileText& bytes, char16_t unit) {
-  bytes += static_cast<char>(unit & 0xFF);
-  bytes += static_cast<char>(unit >> 8);
-}
 
 }  // namespace
 
@@ -46,8 +44,11 @@ void VBFileStream::ReadWholeFile() {
   if (reader->Size() > kLongest) {
     throw RaisedError(u"VBFileStream.CreateFile", u"The file is too large.");
   }
-  buffer_.resize(static_cast<std::size_t>(reader->Size()));
-  buffer_.resize(reader->ReadAt(0, buffer_));
+  size_ = static_cast<std::size_t>(reader->Size());
+  buffer_.resize(size_ + kEndBytes);
+  size_ = reader->ReadAt(0, std::span(buffer_).first(size_));
+  buffer_.resize(size_);
+  buffer_.resize(size_ + kEndBytes);
 }
 
 void VBFileStream::CloseFile() {
@@ -63,11 +64,11 @@ void VBFileStream::Release() {
   buffer_ = {};
   filename_.clear();
   place_ = 0;
-  handedOn_ = 0;
+  size_ = 0;
 }
 
 std::int32_t VBFileStream::FileSize() const {
-  return static_cast<std::int32_t>(handedOn_ + buffer_.size());
+  return static_cast<std::int32_t>(replacement_ ? size_ + buffer_.size() : size_);
 }
 
 std::int64_t VBFileStream::CurrentFilePos() const {
@@ -82,10 +83,6 @@ void VBFileStream::ValidateFileHandle(Access access) const {
   }
 }
 
-unsigned VBFileStream::ByteAt(std::size_t at) const {
-  return at < buffer_.size() ? static_cast<unsigned char>(buffer_[at]) : 0;
-}
-
 void VBFileStream::Skip(std::uint32_t Count) {
   ValidateFileHandle(Access::Read);
   place_ += Count;
@@ -93,65 +90,67 @@ void VBFileStream::Skip(std::uint32_t Count) {
 
 std::int32_t VBFileStream::ReadLong() {
   ValidateFileHandle(Access::Read);
-  std::uint32_t value = 0;
-  for (unsigned i = 0; i < 4; ++i) value |= ByteAt(place_ + i) << (8 * i);
-  place_ += 4;
+  const FileTextView bytes = FileTextView(buffer_).substr(std::min(place_, size_), sizeof(Number));
+  Number value = 0;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    value |= static_cast<Number>(static_cast<unsigned char>(bytes[i])) << (8 * i);
+  }
+  place_ += sizeof(Number);
   return static_cast<std::int32_t>(value);
 }
 
-Text VBFileStream::ReadString(StringType Type, std::int32_t Count) {
+std::uint32_t VBFileStream::PassString(StringType Type) {
   ValidateFileHandle(Access::Read);
-  const std::size_t limit = Count > 0 ? static_cast<std::size_t>(Count) : kLongest;
-  return Type == StringType::SingleByte ? ReadSingleByteString(limit) : ReadSixteenBitString(limit);
+  const std::size_t start = std::min(place_, size_);
+  place_ += StringBytes(buffer_, start, Type).size() + UnitBytes(Type);
+  return static_cast<std::uint32_t>(start);
 }
 
-Text VBFileStream::ReadSingleByteString(std::size_t limit) {
-  const FileTextView rest = FileTextView(buffer_).substr(std::min(place_, buffer_.size()));
-  const std::size_t length = std::min({rest.find('\0'), rest.size(), limit});
-  place_ += length < limit ? length + 1 : length;
-  return TextFromFileText(rest.substr(0, length));
+Text VBFileStream::ReadString(StringType Type, std::int32_t Count) {
+  const std::size_t before = place_;
+  FileTextView string = StringBytes(buffer_, PassString(Type), Type);
+  const std::size_t limit = static_cast<std::size_t>(std::max(Count, 0)) * UnitBytes(Type);
+  if (limit > 0 && limit <= string.size()) {
+    string = string.substr(0, limit);
+    place_ = before + limit;
+  }
+  return StringText(string, Type);
 }
 
-Text VBFileStream::ReadSixteenBitString(std::size_t limit) {
-  const auto unitAt = [&](std::size_t at) {
-    return static_cast<char16_t>(ByteAt(at) | ByteAt(at + 1) << 8);
-  };
-  std::size_t length = 0;
-  while (length < limit && unitAt(place_ + 2 * length) != 0) ++length;
-  Text text(length, u'\0');
-  for (std::size_t i = 0; i < length; ++i) text[i] = unitAt(place_ + 2 * i);
-  place_ += 2 * (length < limit ? length + 1 : length);
-  return text;
+FileText VBFileStream::TakeFile() {
+  ValidateFileHandle(Access::Read);
+  FileText file = std::move(buffer_);
+  Release();
+  return file;
 }
 
 void VBFileStream::RoomFor(std::size_t count) {
-  if (count > kLongest - handedOn_ - buffer_.size()) {
+  if (count > kLongest - size_ - buffer_.size()) {
     throw RaisedError(u"VBFileStream.Write", u"The file would be too large.");
   }
   if (buffer_.size() < kHandOnAt) return;
   replacement_->Write(buffer_);
-  handedOn_ += buffer_.size();
+  size_ += buffer_.size();
   buffer_.clear();
 }
 
 void VBFileStream::WriteLong(std::int32_t Value) {
   ValidateFileHandle(Access::Replace);
-  RoomFor(4);
-  AppendUnit(buffer_, static_cast<char16_t>(static_cast<std::uint32_t>(Value) & 0xFFFF));
-  AppendUnit(buffer_, static_cast<char16_t>(static_cast<std::uint32_t>(Value) >> 16));
+  RoomFor(sizeof(Number));
+  const auto number = static_cast<Number>(Value);
+  for (std::size_t i = 0; i < sizeof(Number); ++i) buffer_ += static_cast<char>(number >> (8 * i));
+}
+
+void VBFileStream::WriteBytes(FileTextView Bytes) {
+  ValidateFileHandle(Access::Replace);
+  RoomFor(Bytes.size());
+  buffer_ += Bytes;
 }
 
 void VBFileStream::WriteString(TextView Value, StringType Type) {
   ValidateFileHandle(Access::Replace);
-  const std::size_t units = Value.size() + 1;
-  RoomFor(Type == StringType::SingleByte ? units : 2 * units);
-  if (Type == StringType::SingleByte) {
-    buffer_ += FileTextFromText(Value);
-    buffer_ += '\0';
-  } else {
-    for (const char16_t unit : Value) AppendUnit(buffer_, unit);
-    AppendUnit(buffer_, u'\0');
-  }
+  RoomFor((Value.size() + 1) * UnitBytes(Type));
+  AppendString(buffer_, Value, Type);
 }
 
 }  // namespace tarvo

@@ -5,12 +5,9 @@
 
 #include "platform/Files.h"
 #include "text/Text.h"
+#include "tgl/FileStrings.h"
 
 namespace tarvo {
-
-/// How a string stands in a file: one byte a character in code page Windows-1252, ended by a 0
-/// byte, or one 16-bit little-endian unit a character, ended by a 0 unit.
-enum class StringType { SingleByte = 0, SixteenBit = 1 };
 
 /// A typed reader or writer over one file. Numbers are little-endian and have no alignment.
 ///
@@ -60,26 +57,31 @@ class VBFileStream {
   /// terminator.
   Text ReadString(StringType Type, std::int32_t Count = -1);
 
-  /// Both write at the end of the file. WriteString adds the terminator. A file that would pass
-  /// 2 GiB raises RaisedError with the Source "VBFileStream.Write".
+  /// Moves behind the string at the current place, and gives where it begins in what TakeFile
+  /// gives.
+  std::uint32_t PassString(StringType Type);
+
+  /// Gives the bytes of the file away, with kEndBytes 0 bytes behind them, and closes the stream.
+  FileText TakeFile();
+
+  /// All three write at the end of the file. WriteString adds the terminator. A file that would
+  /// pass 2 GiB raises RaisedError with the Source "VBFileStream.Write".
   void WriteLong(std::int32_t Value);
+  void WriteBytes(FileTextView Bytes);
   void WriteString(TextView Value, StringType Type);
 
  private:
   void Release();
   void ReadWholeFile();
   void ValidateFileHandle(Access access) const;
-  Text ReadSingleByteString(std::size_t limit);
-  Text ReadSixteenBitString(std::size_t limit);
-  unsigned ByteAt(std::size_t at) const;
   void RoomFor(std::size_t count);
 
   Files& files_;
   Text filename_;
   Access access_ = Access::Read;
-  FileText buffer_;           ///< Reading: the whole file. Writing: what isn't handed on yet.
-  std::size_t place_ = 0;     ///< Counts bytes from 0.
-  std::size_t handedOn_ = 0;  ///< Bytes that the replacement has.
+  FileText buffer_;        ///< Reading: as TakeFile. Writing: what isn't handed on yet.
+  std::size_t size_ = 0;   ///< Reading: bytes in the file. Writing: bytes handed on.
+  std::size_t place_ = 0;  ///< Reading: the current place, in bytes from 0.
   std::unique_ptr<FileReplacement> replacement_;
 };
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <map>
+#include <algorithm>
 #include <random>
 #include <set>
 #include <utility>
@@ -112,9 +112,13 @@ void ExpectComesBack(std::vector<TGLString> strings) {
   TGLFile loaded(files);
   loaded.SetFilename(kPath);
   loaded.Load();
-  ASSERT_EQ(Records(loaded.Strings()), strings);
+  // Strings that were looked at and strings that weren't take different ways to the file.
+  loaded.Strings().Item(loaded.Strings().Count() / 2 + 1);
   loaded.Update(u"Z:\\again.TGL");
   ASSERT_TRUE(files[u"Z:\\again.TGL"] == wanted);
+  ASSERT_EQ(Records(loaded.Strings()), strings);
+  loaded.Update(kPath, true);
+  ASSERT_TRUE(files[kPath] == wanted);
 }
 
 TEST(DatabaseTest, TenThousandGeneratedDatabasesComeBackByteForByte) {
@@ -131,6 +135,39 @@ TEST(DatabaseTest, ThousandsOfStringsComeBackByteForByte) {
     SCOPED_TRACE(count);
     ASSERT_NO_FATAL_FAILURE(ExpectComesBack(AnyStrings(random, count)));
   }
+}
+
+// A loaded collection and a plain list go through the same changes.
+TEST(DatabaseTest, KeysPlacesAndFileStayInStepThroughManyChanges) {
+  Random random(1701);
+  TestFiles files;
+  std::vector<TGLString> pool = AnyStrings(random, 600);
+  std::vector<TGLString> model(pool.begin(), pool.begin() + 300);
+  files[kPath] = FileOf(model);
+  TGLFile file(files);
+  file.SetFilename(kPath);
+  file.Load();
+  for (int i = 0; i < 4000; ++i) {
+    const TGLString& string = pool[Upto(random, pool.size() - 1)];
+    const auto at = std::find(model.begin(), model.end(), string);
+    const auto found = file.Strings().Lookup(FoldCase(string.Name));
+    ASSERT_EQ(found != nullptr, at != model.end());
+    if (!found) {
+      *file.Strings().Add(string.Name, u"", u"") = string;
+      model.push_back(string);
+    } else if (Upto(random, 1) == 0) {
+      file.Strings().Remove(FoldCase(string.Name));
+      model.erase(at);
+    } else {
+      ASSERT_EQ(*found, string);
+      file.Strings().Remove(static_cast<std::int32_t>(at - model.begin()) + 1);
+      model.erase(at);
+    }
+  }
+  ASSERT_EQ(Records(file.Strings()), model);
+  file.Update(kPath, true);
+  ExchangeSort(model);
+  EXPECT_TRUE(files[kPath] == FileOf(model));
 }
 
 }  // namespace
