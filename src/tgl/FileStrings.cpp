@@ -1,6 +1,6 @@
 #include "tgl/FileStrings.h"
 
-#include <cstring>
+#include <bit>
 
 #include "text/CodePage.h"
 
@@ -10,6 +10,10 @@ namespace {
 char16_t UnitAt(const char* bytes) {
   return static_cast<char16_t>(static_cast<unsigned char>(bytes[0]) |
                                static_cast<unsigned char>(bytes[1]) << 8);
+}
+
+bool IsInFileOrder(StringType type) {
+  return type == StringType::SixteenBit && std::endian::native == std::endian::little;
 }
 
 }  // namespace
@@ -28,19 +32,23 @@ Text StringText(FileTextView string, StringType type) {
   return text;
 }
 
-void AppendString(FileText& bytes, TextView text, StringType type) {
+FileTextView StringView(TextView text, StringType type, FileText& store) {
+  if (IsInFileOrder(type)) {
+    return {reinterpret_cast<const char*>(text.data()), text.size() * UnitBytes(type)};
+  }
+  const std::size_t start = store.size();
   if (type == StringType::SingleByte) {
-    bytes += FileTextFromText(text);
-    bytes += '\0';
-    return;
+    store += FileTextFromText(text);
+  } else {
+    for (const char16_t unit : text) {
+      store += {static_cast<char>(unit & 0xFF), static_cast<char>(unit >> 8)};
+    }
   }
-  const std::size_t start = bytes.size();
-  bytes.resize(start + 2 * text.size() + 2);
-  char* to = bytes.data() + start;
-  for (const char16_t unit : text) {
-    *to++ = static_cast<char>(unit & 0xFF);
-    *to++ = static_cast<char>(unit >> 8);
-  }
+  return FileTextView(store).substr(start);
+}
+
+std::size_t BytesToStore(TextView text, StringType type) {
+  return IsInFileOrder(type) ? 0 : text.size() * UnitBytes(type);
 }
 
 }  // namespace tarvo

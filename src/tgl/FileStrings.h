@@ -23,8 +23,12 @@ constexpr std::size_t kEndBytes = 3;
 /// The string that begins at `at`, from 0, without its terminator, which must be there.
 FileTextView StringBytes(FileTextView bytes, std::size_t at, StringType type);
 
-/// The text of such bytes, and the bytes of a text, appended to `bytes` with a terminator.
+/// The text of such bytes.
 Text StringText(FileTextView string, StringType type);
-void AppendString(FileText& bytes, TextView text, StringType type);
+
+/// The bytes of a text: where the machine holds them in the order of the file, the text's own, else
+/// made at the end of `store`, which must have room for BytesToStore without moving.
+FileTextView StringView(TextView text, StringType type, FileText& store);
+std::size_t BytesToStore(TextView text, StringType type);
 
 }  // namespace tarvo

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/PlatformError.h"
+#include "text/CodePage.h"
 #include "text/RaisedError.h"
 #include "text/Utf8.h"
 #include "tgl/Blanks.h"
@@ -135,15 +136,17 @@ std::vector<TGLStrings::FilePlaces> TGLFileRep::Read_Places(VBFileStream& stream
 
 void TGLFileRep::WriteFile(TextView Filename, const TGLStrings* Strings, bool Overwrite) {
   CheckTarget(Filename, Strings, Overwrite);
-  const SortedStrings sorted = Write_SortString(*Strings);
-  const Layout layout = Write_CalcOffsetBlocks(*Strings, sorted);
+  FileText store;
+  const std::vector<Encoded> encoded = Write_Encode(*Strings, store);
+  const SortedStrings sorted = Write_SortString(encoded);
+  const Layout layout = Write_CalcOffsetBlocks(sorted);
   VBFileStream stream(files_);
   stream.OpenFile(Filename, VBFileStream::Access::Replace);
   Write_FileHeader(stream, Strings->Count());
   Write_FileOffsetBlocks(stream, layout);
   for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
     stream.WriteLong(layout.BlockSizes.*kTGLColumns[column].BlockSize);
-    Write_Column(stream, *Strings, sorted, column);
+    Write_Column(stream, sorted, column);
   }
   stream.CloseFile();
 }
@@ -161,52 +164,62 @@ void TGLFileRep::CheckTarget(TextView Filename, const TGLStrings* Strings, bool 
   }
 }
 
-TGLFileRep::SortedStrings TGLFileRep::Write_SortString(const TGLStrings& strings) {
-  struct Hashed {
-    std::uint32_t Hash;
-    std::uint32_t Slot;
-  };
+/// What nobody has asked for goes from file to file as it stands. The views lead into the file that
+/// was loaded, into the entries and into `store`.
+std::vector<TGLFileRep::Encoded> TGLFileRep::Write_Encode(const TGLStrings& strings,
+                                                          FileText& store) {
+  std::size_t room = 0;
+  for (const std::uint32_t at : strings.order_) {
+    const TGLString* const string = strings.slots_[at].Object.get();
+    for (const TGLColumn& column : kTGLColumns) {
+      if (string) room += BytesToStore(string->*column.Field, column.Form);
+    }
+  }
+  store.reserve(room);  // So that it never moves.
   const TGLStringHasher hasher;
-  const auto nameOf = [&](std::uint32_t slot) {
-    const TGLStrings::Slot& found = strings.slots_[slot];
-    return found.Object ? found.Object->Name : strings.TextInFile(found, 0);
-  };
-  std::vector<Hashed> hashed;
-  hashed.reserve(strings.order_.size());
-  for (const std::uint32_t slot : strings.order_) {
-    hashed.push_back({hasher.HashNumber(nameOf(slot)), slot});
+  std::vector<Encoded> encoded;
+  encoded.reserve(strings.order_.size());
+  for (const std::uint32_t at : strings.order_) {
+    const TGLStrings::Slot& slot = strings.slots_[at];
+    const std::uint32_t hash =
+        hasher.HashNumber(slot.Object ? slot.Object->Name : strings.TextInFile(slot, 0));
+    Encoded& item = encoded.emplace_back(Encoded{hash, {}});
+    for (std::size_t i = 0; i < kTGLColumns.size(); ++i) {
+      const TGLColumn& column = kTGLColumns[i];
+      item.Fields[i] = slot.Object ? StringView((*slot.Object).*column.Field, column.Form, store)
+                                   : strings.BytesInFile(slot, i);
+    }
   }
-  std::stable_sort(hashed.begin(), hashed.end(),
-                   [](const Hashed& a, const Hashed& b) { return a.Hash < b.Hash; });
-  const auto twice =
-      std::adjacent_find(hashed.begin(), hashed.end(),
-                         [](const Hashed& a, const Hashed& b) { return a.Hash == b.Hash; });
-  if (twice != hashed.end()) {
-    throw RaisedError(u"TGLFileRep.Write_SortString",
-                      u"An error occurred in while hashing the strings.  Error: The names '" +
-                          nameOf(twice[0].Slot) + u"' and '" + nameOf(twice[1].Slot) +
-                          u"' have one hash, " + TGLStringHasher::HashText(twice->Hash) + u".");
-  }
-  SortedStrings sorted(hashed.size());
-  std::transform(hashed.begin(), hashed.end(), sorted.begin(),
-                 [&](const Hashed& item) { return &strings.slots_[item.Slot]; });
-  return sorted;
+  return encoded;
 }
 
-TGLFileRep::Layout TGLFileRep::Write_CalcOffsetBlocks(const TGLStrings& strings,
-                                                      const SortedStrings& sorted) {
+TGLFileRep::SortedStrings TGLFileRep::Write_SortString(const std::vector<Encoded>& strings) {
+  SortedStrings sorted(strings.size());
+  std::transform(strings.begin(), strings.end(), sorted.begin(),
+                 [](const Encoded& string) { return &string; });
+  std::stable_sort(sorted.begin(), sorted.end(),
+                   [](const Encoded* a, const Encoded* b) { return a->Hash < b->Hash; });
+  const auto twice =
+      std::adjacent_find(sorted.begin(), sorted.end(),
+                         [](const Encoded* a, const Encoded* b) { return a->Hash == b->Hash; });
+  if (twice == sorted.end()) return sorted;
+  throw RaisedError(u"TGLFileRep.Write_SortString",
+                    u"An error occurred in while hashing the strings.  Error: The names '" +
+                        TextFromFileText(twice[0]->Fields[0]) + u"' and '" +
+                        TextFromFileText(twice[1]->Fields[0]) + u"' have one hash, " +
+                        TGLStringHasher::HashText((*twice)->Hash) + u".");
+}
+
+TGLFileRep::Layout TGLFileRep::Write_CalcOffsetBlocks(const SortedStrings& strings) {
   Layout layout;
-  layout.OffsetBlocks.resize(sorted.size());
+  layout.OffsetBlocks.resize(strings.size());
   for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
     const TGLColumn& format = kTGLColumns[column];
     std::int64_t offset = 0;
-    for (std::size_t i = 0; i < sorted.size(); ++i) {
-      const TGLStrings::Slot& slot = *sorted[i];
-      const std::size_t length =
-          slot.Object ? ((*slot.Object).*format.Field).size()
-                      : strings.BytesInFile(slot, column).size() / UnitBytes(format.Form);
+    for (std::size_t i = 0; i < strings.size(); ++i) {
       layout.OffsetBlocks[i].*format.Offset = static_cast<std::int32_t>(offset);
-      offset += static_cast<std::int64_t>(length) + 1;
+      const std::size_t units = strings[i]->Fields[column].size() / UnitBytes(format.Form) + 1;
+      offset += static_cast<std::int64_t>(units);
       if (offset > kGreatestNumber) {
         throw RaisedError(u"TGLFileRep.Write_CalcOffsetBlocks",
                           u"The strings are too long for one file.");
@@ -228,18 +241,10 @@ void TGLFileRep::Write_FileOffsetBlocks(VBFileStream& stream, const Layout& layo
   }
 }
 
-/// What nobody has asked for goes from file to file as it stands.
-void TGLFileRep::Write_Column(VBFileStream& stream, const TGLStrings& strings,
-                              const SortedStrings& sorted, std::size_t column) {
-  const TGLColumn& format = kTGLColumns[column];
-  const FileText terminator(UnitBytes(format.Form), '\0');
-  for (const TGLStrings::Slot* slot : sorted) {
-    if (slot->Object) {
-      stream.WriteString((*slot->Object).*format.Field, format.Form);
-    } else {
-      stream.WriteBytes(strings.BytesInFile(*slot, column));
-      stream.WriteBytes(terminator);
-    }
+void TGLFileRep::Write_Column(VBFileStream& stream, const SortedStrings& strings,
+                              std::size_t column) {
+  for (const Encoded* string : strings) {
+    stream.WriteString(string->Fields[column], kTGLColumns[column].Form);
   }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -51,8 +52,12 @@ class TGLFileRep {
   void WriteFile(TextView Filename, const TGLStrings* Strings, bool Overwrite = false);
 
  private:
-  /// What WriteFile writes: the slots of a collection in the order of their hashes.
-  using SortedStrings = std::vector<const TGLStrings::Slot*>;
+  /// A string on its way to the file.
+  struct Encoded {
+    std::uint32_t Hash;
+    std::array<FileTextView, 3> Fields;  ///< As they will stand there, without terminators.
+  };
+  using SortedStrings = std::vector<const Encoded*>;
 
   struct Layout {
     std::vector<TGLOffsetBlock> OffsetBlocks;
@@ -66,12 +71,12 @@ class TGLFileRep {
   std::vector<TGLStrings::FilePlaces> Read_Places(VBFileStream& stream);
 
   void CheckTarget(TextView Filename, const TGLStrings* Strings, bool Overwrite);
-  SortedStrings Write_SortString(const TGLStrings& strings);
-  Layout Write_CalcOffsetBlocks(const TGLStrings& strings, const SortedStrings& sorted);
+  std::vector<Encoded> Write_Encode(const TGLStrings& strings, FileText& store);
+  SortedStrings Write_SortString(const std::vector<Encoded>& strings);
+  Layout Write_CalcOffsetBlocks(const SortedStrings& strings);
   void Write_FileHeader(VBFileStream& stream, std::int32_t count);
   void Write_FileOffsetBlocks(VBFileStream& stream, const Layout& layout);
-  void Write_Column(VBFileStream& stream, const TGLStrings& strings, const SortedStrings& sorted,
-                    std::size_t column);
+  void Write_Column(VBFileStream& stream, const SortedStrings& strings, std::size_t column);
 
   Files& files_;
   TGLHeader header_;

@@ -56,7 +56,6 @@ FileTextView NameIn(const FileText& file, std::uint32_t at) {
 
 TGLStrings::TGLStrings(FileText file, const std::vector<FilePlaces>& strings)
     : file_(std::move(file)) {
-  slots_.reserve(strings.size());
   order_.reserve(strings.size());
   index_.Reserve(strings.size());
   for (const FilePlaces& places : strings) {
@@ -70,7 +69,7 @@ TGLStrings::TGLStrings(FileText file, const std::vector<FilePlaces>& strings)
     };
     if (index_.Find(hash, isSame) != KeyIndex::kNone) continue;
     const auto slot = static_cast<std::uint32_t>(slots_.size());
-    slots_.push_back({nullptr, places, true});
+    slots_.push_back({nullptr, {}, places});
     order_.push_back(slot);
     index_.Insert(hash, slot);
   }
@@ -103,9 +102,7 @@ TGLStrings::Entry TGLStrings::Add(Text Name, Text Data, Text Media, std::optiona
   const auto isSame = [&](std::uint32_t slot) { return HasKey(slot, key); };
   if (index_.Find(hash, isSame) != KeyIndex::kNone) return entry;
   const auto slot = static_cast<std::uint32_t>(slots_.size());
-  const auto keyAt = static_cast<std::uint32_t>(keys_.size());
-  keys_ += key;
-  slots_.push_back({entry, {keyAt, static_cast<std::uint32_t>(key.size()), 0}, false});
+  slots_.push_back({entry, keys_.Keep(key), {}});
   order_.push_back(slot);
   index_.Insert(hash, slot);
   return entry;
@@ -128,7 +125,7 @@ TGLStrings::Entry TGLStrings::EntryOf(std::uint32_t slot) const {
 
 bool TGLStrings::HasKey(std::uint32_t slot, TextView foldedKey) const {
   const Slot& found = slots_[slot];
-  if (!found.IsFromFile) return TextView(keys_).substr(found.At[0], found.At[1]) == foldedKey;
+  if (!found.Key.empty()) return found.Key == foldedKey;
   const FileTextView name = NameIn(file_, found.At[0]);
   return std::equal(name.begin(), name.end(), foldedKey.begin(), foldedKey.end(),
                     [](char byte, char16_t unit) { return FoldedUnit(byte) == unit; });
@@ -136,7 +133,7 @@ bool TGLStrings::HasKey(std::uint32_t slot, TextView foldedKey) const {
 
 std::uint32_t TGLStrings::HashOfKey(std::uint32_t slot) const {
   const Slot& found = slots_[slot];
-  if (!found.IsFromFile) return HashFolded(TextView(keys_).substr(found.At[0], found.At[1]));
+  if (!found.Key.empty()) return HashFolded(found.Key);
   return HashUnits(NameIn(file_, found.At[0]), FoldedUnit);
 }
 

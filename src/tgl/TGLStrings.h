@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "text/Text.h"
 #include "tgl/KeyIndex.h"
 #include "tgl/TGLString.h"
+#include "tgl/TextStore.h"
 
 namespace tarvo {
 
@@ -69,8 +71,8 @@ class TGLStrings {
 
   struct Slot {
     Entry Object;   ///< Null until asked for, where the string stands in the file.
-    FilePlaces At;  ///< In the file; else where the key begins in `keys_`, and its length.
-    bool IsFromFile;
+    TextView Key;   ///< Folded, of what was added; empty where the string stands in the file.
+    FilePlaces At;  ///< Where the string stands in the file.
   };
 
   /// The strings of a file, which ends in kEndBytes 0 bytes. Of several with one key the first
@@ -89,9 +91,9 @@ class TGLStrings {
   std::uint32_t HashOfKey(std::uint32_t slot) const;
   void RemoveAt(std::size_t at);
 
-  FileText file_;                     ///< What was loaded, never changed.
-  Text keys_;                         ///< The folded keys of what was added, one after the other.
-  mutable std::vector<Slot> slots_;   ///< In the order of coming, those removed included.
+  FileText file_;  ///< What was loaded, never changed.
+  TextStore keys_;
+  mutable std::deque<Slot> slots_;    ///< In the order of coming, those removed included.
   std::vector<std::uint32_t> order_;  ///< For each place its slot.
   KeyIndex index_;                    ///< Slots by the hashes of their folded keys.
 };

@@ -141,16 +141,11 @@ void VBFileStream::WriteLong(std::int32_t Value) {
   for (std::size_t i = 0; i < sizeof(Number); ++i) buffer_ += static_cast<char>(number >> (8 * i));
 }
 
-void VBFileStream::WriteBytes(FileTextView Bytes) {
+void VBFileStream::WriteString(FileTextView Bytes, StringType Type) {
   ValidateFileHandle(Access::Replace);
-  RoomFor(Bytes.size());
+  RoomFor(Bytes.size() + UnitBytes(Type));
   buffer_ += Bytes;
-}
-
-void VBFileStream::WriteString(TextView Value, StringType Type) {
-  ValidateFileHandle(Access::Replace);
-  RoomFor((Value.size() + 1) * UnitBytes(Type));
-  AppendString(buffer_, Value, Type);
+  buffer_.append(UnitBytes(Type), '\0');
 }
 
 }  // namespace tarvo

@@ -64,11 +64,11 @@ class VBFileStream {
   /// Gives the bytes of the file away, with kEndBytes 0 bytes behind them, and closes the stream.
   FileText TakeFile();
 
-  /// All three write at the end of the file. WriteString adds the terminator. A file that would
-  /// pass 2 GiB raises RaisedError with the Source "VBFileStream.Write".
+  /// Both write at the end of the file. WriteString writes the bytes of a string and adds the
+  /// terminator of its form. A file that would pass 2 GiB raises RaisedError with the Source
+  /// "VBFileStream.Write".
   void WriteLong(std::int32_t Value);
-  void WriteBytes(FileTextView Bytes);
-  void WriteString(TextView Value, StringType Type);
+  void WriteString(FileTextView Bytes, StringType Type);
 
  private:
   void Release();

@@ -68,10 +68,10 @@ TEST(VBFileStreamTest, WritesTerminatorsAndReplacesOnlyWhenClosed) {
 
   VBFileStream stream(files);
   stream.OpenFile(kPath, Access::Replace);
-  stream.WriteString(u"", StringType::SingleByte);
-  stream.WriteString(u"", StringType::SixteenBit);
-  stream.WriteString(u"\u20ACx\u1234", StringType::SingleByte);
-  stream.WriteString(u"\u1234", StringType::SixteenBit);
+  stream.WriteString("", StringType::SingleByte);
+  stream.WriteString("", StringType::SixteenBit);
+  stream.WriteString("\x80x?", StringType::SingleByte);
+  stream.WriteString("4\x12", StringType::SixteenBit);
   stream.WriteLong(-2);
   EXPECT_EQ(stream.FileSize(), 15);
   EXPECT_EQ(stream.CurrentFilePos(), 16);
@@ -91,7 +91,7 @@ TEST(VBFileStreamTest, RefusesWhatIsNotOpen) {
   EXPECT_EQ(stream.FileSize() + stream.CurrentFilePos(), 0);
 
   stream.OpenFile(kPath, Access::Read);
-  EXPECT_EQ(Raised([&] { stream.WriteString(u"x", StringType::SingleByte); }), notOpen);
+  EXPECT_EQ(Raised([&] { stream.WriteString("x", StringType::SingleByte); }), notOpen);
   EXPECT_EQ(Raised([&] { stream.OpenFile(u"  ", Access::Read); }),
             "VBFileStream.CreateFile: The Filename parameter is empty.  Please specify a non-empty "
             "string when calling CreateFile.");
