@@ -15,14 +15,15 @@ Text Quoted(FileTextView line) {
   line = line.substr(first, line.rfind('"') - first);
   std::string plain;
   plain.reserve(line.size());
-  for (std::size_t i = 0; i < line.size(); ++i) {
-    if (line[i] == '\\' && i + 1 < line.size()) {
-      ++i;
-      plain += line[i] == 'n' ? '\n' : line[i] == 't' ? '\t' : line[i];
-    } else {
-      plain += line[i];
-    }
+  for (;;) {
+    const std::size_t escape = line.find('\\');
+    if (escape == FileTextView::npos || escape + 1 == line.size()) break;
+    const char kind = line[escape + 1];
+    plain.append(line.substr(0, escape));
+    plain += kind == 'n' ? '\n' : kind == 't' ? '\t' : kind;
+    line.remove_prefix(escape + 2);
   }
+  plain.append(line);
   return TextFromUtf8(plain);
 }
 

@@ -197,8 +197,9 @@ TGLFileRep::SortedStrings TGLFileRep::Write_SortString(const std::vector<Encoded
   SortedStrings sorted(strings.size());
   std::transform(strings.begin(), strings.end(), sorted.begin(),
                  [](const Encoded& string) { return &string; });
-  std::stable_sort(sorted.begin(), sorted.end(),
-                   [](const Encoded* a, const Encoded* b) { return a->Hash < b->Hash; });
+  std::sort(sorted.begin(), sorted.end(), [](const Encoded* a, const Encoded* b) {
+    return std::pair(a->Hash, a) < std::pair(b->Hash, b);
+  });
   const auto twice =
       std::adjacent_find(sorted.begin(), sorted.end(),
                          [](const Encoded* a, const Encoded* b) { return a->Hash == b->Hash; });

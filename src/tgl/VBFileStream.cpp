@@ -5,6 +5,7 @@
 #include <span>
 #include <utility>
 
+#include "platform/LargeMemory.h"
 #include "text/RaisedError.h"
 #include "tgl/Blanks.h"
 
@@ -45,6 +46,8 @@ void VBFileStream::ReadWholeFile() {
     throw RaisedError(u"VBFileStream.CreateFile", u"The file is too large.");
   }
   size_ = static_cast<std::size_t>(reader->Size());
+  buffer_.reserve(size_ + kEndBytes);
+  HintLargeMemory(buffer_.data(), size_);
   buffer_.resize(size_ + kEndBytes);
   size_ = reader->ReadAt(0, std::span(buffer_).first(size_));
   buffer_.resize(size_);
