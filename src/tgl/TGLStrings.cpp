@@ -97,7 +97,8 @@ TGLStrings::Entry TGLStrings::Add(Text Name, Text Data, Text Media, std::optiona
                       u"The Key parameter may not be a blank string.  Add failed.");
   }
   const Text key = FoldCase(Key ? *Key : TextView(Name));
-  auto entry = std::make_shared<TGLString>(std::move(Name), std::move(Data), std::move(Media));
+  auto entry =
+      std::make_shared<TGLString>(TGLString{std::move(Name), std::move(Data), std::move(Media)});
   const std::uint32_t hash = HashFolded(key);
   const auto isSame = [&](std::uint32_t slot) { return HasKey(slot, key); };
   if (index_.Find(hash, isSame) != KeyIndex::kNone) return entry;
