@@ -94,12 +94,14 @@ class Files {
   virtual void Rename(TextView from, TextView to) = 0;
 
   /// Deletes a file, or all files that match wildcards (* and ?) in the last part; throws when
-  /// there is none. Never deletes a folder or a read-only file.
+  /// there is none. Never deletes a folder or a read-only file; when one of several files is
+  /// read-only, none goes.
   virtual void Remove(TextView pathOrPattern) = 0;
 
   /// Bare names of the files that match a pattern such as "*.Tarvo", sorted without regard to
-  /// case. Several patterns are separated by ";". Throws when the folder can't be read. A name of
-  /// the host that holds a backslash can't be told in a game path and is left out.
+  /// case. Several patterns are separated by ";". Throws when the folder can't be read. Temporary
+  /// siblings aren't shown. A name of the host that holds a backslash can't be told in a game path
+  /// and is left out.
   virtual std::vector<Text> FileNames(TextView folder, TextView pattern = u"*") = 0;
 
   /// Bare names of the folders in a folder, sorted likewise.

@@ -1,7 +1,9 @@
 #include "platform/posix/IniSettings.h"
 
-// The file is UTF-8, and so is what we ask for: nothing needs converting.
+// The file is UTF-8, and so is what we ask for: nothing needs converting. Some distributions build
+// the templates into a library, which takes ICU along, unless the header is asked for them.
 #define SI_NO_CONVERSION
+#define SI_IMPLEMENTATION
 #include <SimpleIni.h>
 #include <fcntl.h>
 #include <sys/file.h>

@@ -18,7 +18,7 @@ constexpr std::size_t kFoldersKept = 8;
 /// Longer than a tick of any file system's clock but those that count in seconds.
 constexpr auto kTick = std::chrono::milliseconds(50);
 
-constexpr auto kLongestTrust = std::chrono::seconds(1);
+constexpr auto kLongestTrust = std::chrono::milliseconds(500);
 
 bool Stands(const std::string& hostPath) {
   struct stat state;

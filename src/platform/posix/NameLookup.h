@@ -23,8 +23,8 @@ namespace tarvo {
 /// true without another reading. A name that is found is always looked at again, so what another
 /// process removed is never given. What another process adds can be missed, by lookups that ignore
 /// case alone, when it comes within one tick of the file system's clock, or right between two of
-/// our own changes: for at most twenty times the time that reading the folder takes, and one
-/// second. A network file system that answers from a cache of its own adds its delay.
+/// our own changes: for at most twenty times the time that reading the folder takes, and half
+/// a second. A network file system that answers from a cache of its own adds its delay.
 class NameLookup {
  public:
   /// The path of the host that `parts` lead to from `root`: each part exactly first, then without

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "text/Text.h"
+
+namespace tarvo::test {
+
+/// A folder of a test's own, gone with the object.
+class TemporaryFolder {
+ public:
+  /// `below` is the folder of the host to make it in; by default that for temporary files.
+  explicit TemporaryFolder(std::string_view below = {});
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  ~TemporaryFolder();
+
+  /// The path of the host, or that of something in the folder, named with slashes.
+  std::string Host(std::string_view name = {}) const;
+
+  /// The game path, or that of something in the folder, named with backslashes.
+  Text Game(TextView name = {}) const;
+
+  /// Makes a file, with its folders, past the doors to the machine.
+  void Put(std::string_view name, std::string_view bytes) const;
+
+  /// The bytes of a file, read past the doors to the machine; fails the test if there is none.
+  std::string Get(std::string_view name) const;
+
+ private:
+  std::string host_;
+};
+
+}  // namespace tarvo::test
