@@ -79,6 +79,16 @@ TEST(VBFileStreamTest, WritesTerminatorsAndReplacesOnlyWhenClosed) {
   EXPECT_EQ(files[kPath], Bytes("00 0000 80783F00 34120000 FEFFFFFF"));
 }
 
+TEST(VBFileStreamTest, CountsWhatHasLeftMemoryAsWell) {
+  TestFiles files;
+  VBFileStream stream(files);
+  stream.OpenFile(kPath, Access::Replace);
+  for (int i = 0; i < 3; ++i) stream.WriteString(FileText(300000, 'x'), StringType::SingleByte);
+  EXPECT_EQ(stream.FileSize(), 900003);
+  stream.CloseFile();
+  EXPECT_EQ(files[kPath].size(), 900003u);
+}
+
 TEST(VBFileStreamTest, RefusesWhatIsNotOpen) {
   TestFiles files;
   files[kPath] = "x";
