@@ -1,5 +1,8 @@
 #include "text/Utf8.h"
 
+#include <algorithm>
+#include <cstddef>
+
 namespace tarvo {
 namespace {
 
@@ -37,6 +40,13 @@ char32_t Decode(std::string_view bytes, std::size_t length) {
   return overlong || surrogate || value > 0x10FFFF ? kInvalid : value;
 }
 
+/// How many bytes at the start of `bytes` are ASCII.
+std::size_t AsciiLength(std::string_view bytes) {
+  const auto end = std::find_if(bytes.begin(), bytes.end(),
+                                [](char byte) { return static_cast<signed char>(byte) < 0; });
+  return static_cast<std::size_t>(end - bytes.begin());
+}
+
 void AppendUtf16(Text& text, char32_t value) {
   if (value < 0x10000) {
     text += static_cast<char16_t>(value);
@@ -72,6 +82,13 @@ Text TextFromUtf8(std::string_view bytes) {
   Text text;
   text.reserve(bytes.size());
   while (!bytes.empty()) {
+    if (const std::size_t plain = AsciiLength(bytes)) {
+      const std::size_t start = text.size();
+      text.resize(start + plain);
+      std::copy_n(bytes.begin(), plain, text.begin() + static_cast<std::ptrdiff_t>(start));
+      bytes.remove_prefix(plain);
+      continue;
+    }
     const auto lead = static_cast<unsigned char>(bytes[0]);
     const std::size_t length = SequenceLength(lead);
     const char32_t value = Decode(bytes, length);

@@ -1,0 +1,252 @@
+#include "tgl/TGLFileRep.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <utility>
+
+#include "platform/PlatformError.h"
+#include "text/CodePage.h"
+#include "text/RaisedError.h"
+#include "text/Utf8.h"
+#include "tgl/Blanks.h"
+#include "tgl/FileHelpers.h"
+#include "tgl/TGLStringHasher.h"
+
+namespace tarvo {
+namespace {
+
+constexpr std::int64_t kGreatestNumber = std::numeric_limits<std::int32_t>::max();
+
+Text Decimal(std::int32_t number) {
+  return TextFromUtf8(std::to_string(number));
+}
+
+/// The bytes that the offset blocks of so many strings take.
+std::int64_t OffsetBlockBytes(std::int32_t count) {
+  return std::int64_t{count} * static_cast<std::int64_t>(kTGLOffsetBlockBytes);
+}
+
+}  // namespace
+
+/// Opens the file and runs `step` on it. Every failure ends in one error, with the version
+/// forgotten.
+template <class Step>
+auto TGLFileRep::Reading(TextView Filename, Step step) {
+  Text words;
+  try {
+    if (IsBlank(Filename)) {
+      throw RaisedError(u"TGLFile.Load", u"No source filename specified.  Load failed.");
+    }
+    if (!helper_FileExists(files_, Filename)) {
+      throw RaisedError(u"TGLFile.Load",
+                        u"Couldn't find source file '" + Text(Filename) + u".'  Load failed.");
+    }
+    VBFileStream stream(files_);
+    stream.OpenFile(Filename, VBFileStream::Access::Read);
+    Read_FileHeader(stream);
+    Read_FileOffsetBlocks(stream);
+    return step(stream);
+  } catch (const RaisedError& error) {
+    words = error.Description;
+  } catch (const PlatformError& error) {
+    words = SystemWords(error.Code);
+  }
+  header_.MajorVersion = 0;
+  header_.MinorVersion = 0;
+  throw RaisedError(u"TGLFileRep.ReadFile",
+                    u"An error occurred while attempting to read the file.  Error: " + words);
+}
+
+TGLStrings TGLFileRep::ReadFile(TextView Filename) {
+  return Reading(Filename, [&](VBFileStream& stream) {
+    const std::vector<TGLStrings::FilePlaces> places = Read_Places(stream);
+    TGLStrings strings(stream.TakeFile(), places);
+    if (strings.Count() < header_.StringCount) {
+      throw RaisedError(u"TGLFileRep.ReadFile", u"There is no string at the place " +
+                                                    Decimal(strings.Count() + 1) +
+                                                    u", as names of the file differ only in case.");
+    }
+    return strings;
+  });
+}
+
+std::vector<TGLString> TGLFileRep::ReadEntries(TextView Filename) {
+  return Reading(Filename, [&](VBFileStream& stream) {
+    if (stream.CurrentFilePos() > std::int64_t{stream.FileSize()} + 1) {
+      throw RaisedError(u"TGLFileRep.ReadEntries", u"The file ends inside its offset blocks.");
+    }
+    std::vector<TGLString> entries(static_cast<std::size_t>(header_.StringCount));
+    for (const TGLColumn& column : kTGLColumns) {
+      stream.ReadLong();  // The size of the block: nothing depends on it.
+      for (TGLString& entry : entries) entry.*column.Field = stream.ReadString(column.Form);
+    }
+    return entries;
+  });
+}
+
+void TGLFileRep::Read_FileHeader(VBFileStream& stream) {
+  for (const auto field : kTGLHeaderFields) header_.*field = stream.ReadLong();
+  const bool isWhole = stream.FileSize() >= static_cast<std::int32_t>(kTGLHeaderBytes);
+  if (!isWhole || header_.Magic != kTGLMagic) {
+    throw RaisedError(u"TGLFileRep.Read_FileHeader",
+                      u"The file does not appear to be a valid TGL file!");
+  }
+  if (header_.MajorVersion != kTGLMajorVersion || header_.MinorVersion != kTGLMinorVersion) {
+    throw RaisedError(u"TGLFileRep.Read_FileHeader",
+                      u"Wrong file version.  The file version is " + Decimal(header_.MajorVersion) +
+                          u"." + Decimal(header_.MinorVersion) + u" - expected version " +
+                          Decimal(kTGLMajorVersion) + u"." + Decimal(kTGLMinorVersion) + u".");
+  }
+}
+
+/// The strings are found by their terminators, so the offset blocks are passed over, and no memory
+/// is taken for a count that the file may not keep.
+void TGLFileRep::Read_FileOffsetBlocks(VBFileStream& stream) {
+  const std::int64_t bytes = OffsetBlockBytes(header_.StringCount);
+  if (bytes <= 0 || bytes > kGreatestNumber) {
+    throw RaisedError(u"TGLFileRep.Read_FileOffsetBlocks",
+                      u"An error occurred while reading in the file offset blocks!  Error: A file "
+                      u"can't hold " +
+                          Decimal(header_.StringCount) + u" strings.");
+  }
+  stream.Skip(static_cast<std::uint32_t>(bytes));
+}
+
+/// Names past the file's end are blank, so that a file which can't hold its count of strings ends
+/// at the first of them.
+std::vector<TGLStrings::FilePlaces> TGLFileRep::Read_Places(VBFileStream& stream) {
+  std::vector<TGLStrings::FilePlaces> places;
+  const auto count = static_cast<std::size_t>(header_.StringCount);
+  if (stream.CurrentFilePos() <= stream.FileSize()) places.reserve(count);
+  for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
+    const StringType form = kTGLColumns[column].Form;
+    stream.ReadLong();  // The size of the block: nothing depends on it.
+    for (std::size_t i = 0; i < count; ++i) {
+      if (column == 0) {
+        if (stream.CurrentFilePos() > stream.FileSize()) TGLStrings::RefuseBlankName();
+        places.emplace_back();
+      }
+      places[i][column] = stream.PassString(form);
+    }
+  }
+  return places;
+}
+
+void TGLFileRep::WriteFile(TextView Filename, const TGLStrings* Strings, bool Overwrite) {
+  CheckTarget(Filename, Strings, Overwrite);
+  FileText store;
+  const std::vector<Encoded> encoded = Write_Encode(*Strings, store);
+  const SortedStrings sorted = Write_SortString(encoded);
+  const Layout layout = Write_CalcOffsetBlocks(sorted);
+  VBFileStream stream(files_);
+  stream.OpenFile(Filename, VBFileStream::Access::Replace);
+  Write_FileHeader(stream, Strings->Count());
+  Write_FileOffsetBlocks(stream, layout);
+  for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
+    stream.WriteLong(layout.BlockSizes.*kTGLColumns[column].BlockSize);
+    Write_Column(stream, sorted, column);
+  }
+  stream.CloseFile();
+}
+
+void TGLFileRep::CheckTarget(TextView Filename, const TGLStrings* Strings, bool Overwrite) {
+  const auto fail = [](const Text& words) { throw RaisedError(u"TGLFile.Update", words); };
+  if (IsBlank(Filename)) fail(u"No output filename specified!  Update failed.");
+  if (!Strings) fail(u"Invalid parameter.  Parameter 'Strings' is Null.  Update failed.");
+  if (Strings->Count() == 0) {
+    fail(u"There are no TGL strings in the Strings() collection!  Update failed.");
+  }
+  if (!Overwrite && helper_FileExists(files_, Filename)) {
+    fail(u"Output file '" + Text(Filename) +
+         u"' already exists and Overwrite parameter is False.  Update failed.");
+  }
+}
+
+/// What nobody has asked for goes from file to file as it stands. The views lead into the file that
+/// was loaded, into the entries and into `store`.
+std::vector<TGLFileRep::Encoded> TGLFileRep::Write_Encode(const TGLStrings& strings,
+                                                          FileText& store) {
+  std::size_t room = 0;
+  for (const std::uint32_t at : strings.order_) {
+    const TGLString* const string = strings.slots_[at].Object.get();
+    for (const TGLColumn& column : kTGLColumns) {
+      if (string) room += BytesToStore(string->*column.Field, column.Form);
+    }
+  }
+  store.reserve(room);  // So that it never moves.
+  const TGLStringHasher hasher;
+  std::vector<Encoded> encoded;
+  encoded.reserve(strings.order_.size());
+  for (const std::uint32_t at : strings.order_) {
+    const TGLStrings::Slot& slot = strings.slots_[at];
+    const std::uint32_t hash =
+        hasher.HashNumber(slot.Object ? slot.Object->Name : strings.TextInFile(slot, 0));
+    Encoded& item = encoded.emplace_back(Encoded{hash, {}});
+    for (std::size_t i = 0; i < kTGLColumns.size(); ++i) {
+      const TGLColumn& column = kTGLColumns[i];
+      item.Fields[i] = slot.Object ? StringView((*slot.Object).*column.Field, column.Form, store)
+                                   : strings.BytesInFile(slot, i);
+    }
+  }
+  return encoded;
+}
+
+TGLFileRep::SortedStrings TGLFileRep::Write_SortString(const std::vector<Encoded>& strings) {
+  SortedStrings sorted(strings.size());
+  std::transform(strings.begin(), strings.end(), sorted.begin(),
+                 [](const Encoded& string) { return &string; });
+  std::sort(sorted.begin(), sorted.end(), [](const Encoded* a, const Encoded* b) {
+    return std::pair(a->Hash, a) < std::pair(b->Hash, b);
+  });
+  const auto twice =
+      std::adjacent_find(sorted.begin(), sorted.end(),
+                         [](const Encoded* a, const Encoded* b) { return a->Hash == b->Hash; });
+  if (twice == sorted.end()) return sorted;
+  throw RaisedError(u"TGLFileRep.Write_SortString",
+                    u"An error occurred in while hashing the strings.  Error: The names '" +
+                        TextFromFileText(twice[0]->Fields[0]) + u"' and '" +
+                        TextFromFileText(twice[1]->Fields[0]) + u"' have one hash, " +
+                        TGLStringHasher::HashText((*twice)->Hash) + u".");
+}
+
+TGLFileRep::Layout TGLFileRep::Write_CalcOffsetBlocks(const SortedStrings& strings) {
+  Layout layout;
+  layout.OffsetBlocks.resize(strings.size());
+  for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
+    const TGLColumn& format = kTGLColumns[column];
+    std::int64_t offset = 0;
+    for (std::size_t i = 0; i < strings.size(); ++i) {
+      layout.OffsetBlocks[i].*format.Offset = static_cast<std::int32_t>(offset);
+      const std::size_t units = strings[i]->Fields[column].size() / UnitBytes(format.Form) + 1;
+      offset += static_cast<std::int64_t>(units);
+      if (offset > kGreatestNumber) {
+        throw RaisedError(u"TGLFileRep.Write_CalcOffsetBlocks",
+                          u"The strings are too long for one file.");
+      }
+    }
+    layout.BlockSizes.*format.BlockSize = static_cast<std::int32_t>(offset);
+  }
+  return layout;
+}
+
+void TGLFileRep::Write_FileHeader(VBFileStream& stream, std::int32_t count) {
+  const TGLHeader header = {kTGLMagic, kTGLMajorVersion, kTGLMinorVersion, count};
+  for (const auto field : kTGLHeaderFields) stream.WriteLong(header.*field);
+}
+
+void TGLFileRep::Write_FileOffsetBlocks(VBFileStream& stream, const Layout& layout) {
+  for (const TGLOffsetBlock& block : layout.OffsetBlocks) {
+    for (const TGLColumn& column : kTGLColumns) stream.WriteLong(block.*column.Offset);
+  }
+}
+
+void TGLFileRep::Write_Column(VBFileStream& stream, const SortedStrings& strings,
+                              std::size_t column) {
+  for (const Encoded* string : strings) {
+    stream.WriteString(string->Fields[column], kTGLColumns[column].Form);
+  }
+}
+
+}  // namespace tarvo

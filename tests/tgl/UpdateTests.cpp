@@ -1,0 +1,93 @@
+#include <gtest/gtest.h>
+
+#include "TGLTesting.h"
+#include "tgl/TGLFile.h"
+#include "tgl/TGLFileRep.h"
+
+namespace tarvo {
+namespace {
+
+TGLFile ExampleIn(Files& files) {
+  TGLFile file(files);
+  file.SetFilename(kPath);
+  for (const TGLString& string : kExample) {
+    file.Strings().Add(string.Name, string.Data, string.MediaFilename);
+  }
+  return file;
+}
+
+TEST(UpdateTest, TheWorkedExampleGivesItsBytesAndKeepsTheCollectionsOrder) {
+  TestFiles files;
+  files[kPath] = FileText(200, 'x');
+  TGLFile file = ExampleIn(files);
+  file.Update(file.Filename(), true);
+  EXPECT_EQ(files[kPath], kExampleFile);
+  EXPECT_EQ(kExampleFile.size(), 88u);
+  EXPECT_EQ(Records(file.Strings()), kExample);
+}
+
+TEST(UpdateTest, ChangedEntriesAndNamesReachTheFile) {
+  TestFiles files;
+  files[kPath] = kExampleFile + "tail";
+  TGLFile file(files);
+  file.SetFilename(kPath);
+  file.Load();
+  file.Strings().Lookup(u"yes")->Name = u"A";
+  file.Strings().Lookup(u"yes")->Data = u"";
+  file.Strings().Remove(u"no");
+  file.Update(kPath, true);
+  EXPECT_EQ(files[kPath], kExampleFile.substr(0, 12) + Long(1) + FileText(12, '\0') +
+                              Bytes("02000000 4100 01000000 0000 08000000 5965732E77617600"));
+}
+
+TEST(UpdateTest, Refusals) {
+  TestFiles files;
+  TGLFile file = ExampleIn(files);
+  EXPECT_EQ(Raised([&] { file.Update(u" ", true); }),
+            "TGLFile.Update: No output filename specified!  Update failed.");
+  EXPECT_EQ(Raised([&] { TGLFileRep(files).WriteFile(kPath, nullptr, true); }),
+            "TGLFile.Update: Invalid parameter.  Parameter 'Strings' is Null.  Update failed.");
+  EXPECT_EQ(Raised([&] { TGLFile(files).Update(kPath, true); }),
+            "TGLFile.Update: There are no TGL strings in the Strings() collection!  Update "
+            "failed.");
+  EXPECT_TRUE(files.Contents.empty());
+
+  file.Update(kPath);
+  EXPECT_EQ(files[kPath], kExampleFile);
+  files[kPath] = "old";
+  EXPECT_EQ(Raised([&] { file.Update(kPath); }),
+            "TGLFile.Update: Output file 'Z:\\bc\\data\\TGL\\Ships.TGL' already exists and "
+            "Overwrite parameter is False.  Update failed.");
+
+  file.Strings().Add(u"Ship365020", u"d", u"m");
+  file.Strings().Add(u"Ship216254", u"d", u"m");
+  EXPECT_EQ(Raised([&] { file.Update(kPath, true); }),
+            "TGLFileRep.Write_SortString: An error occurred in while hashing the strings.  Error: "
+            "The names 'Ship365020' and 'Ship216254' have one hash, 74ED6A00.");
+  EXPECT_EQ(files[kPath], "old");
+}
+
+TEST(UpdateTest, WhateverStepFailsTheOldFileStands) {
+  TestFiles files;
+  TGLFile file = ExampleIn(files);
+  for (const auto& string : file.Strings()) string->Data = Text(200000, u'x');  // Several writes.
+  file.Update(kPath, true);
+  const FileText wanted = files[kPath];
+  const int steps = files.StepsDone;
+  EXPECT_GT(steps, 4);
+  for (int step = 0; step < steps; ++step) {
+    files[kPath] = "old";
+    files.StepsLeft = step;
+    EXPECT_EQ(Raised([&] { file.Update(kPath, true); }),
+              "helper_CopyFile: Failed to copy file 'the new Ships.TGL' to "
+              "'Z:\\bc\\data\\TGL\\Ships.TGL'\r\nReason: No space left on device")
+        << step;
+    EXPECT_EQ(files[kPath], "old") << step;
+  }
+  files.StepsLeft = steps;
+  file.Update(kPath, true);
+  EXPECT_EQ(files[kPath], wanted);
+}
+
+}  // namespace
+}  // namespace tarvo
