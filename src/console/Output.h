@@ -34,8 +34,6 @@ class Output {
   /// The terminal's present line, overwritten by the next; empty clears it.
   void Progress(TextView text);
 
-  bool Quiet() const { return quiet_; }
-
  private:
   std::ostream& results_;
   std::ostream& words_;

@@ -46,8 +46,4 @@ void DirListBox::OpenRow(std::size_t row) {
   Guarded([&] { SetPath(path); });
 }
 
-void DirListBox::Reload() {
-  Guarded([&] { SetPath(Text(path_)); });
-}
-
 }  // namespace tarvo

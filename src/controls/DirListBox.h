@@ -37,9 +37,6 @@ class DirListBox : public Control {
   /// The user opens a row. A folder that can't be opened leaves the list as it was.
   void OpenRow(std::size_t row);
 
-  /// Reads the subfolders anew.
-  void Reload();
-
   std::function<void()> OnChange;
 
  private:
