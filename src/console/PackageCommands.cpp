@@ -1,5 +1,4 @@
-#include "console/PackageCommands.h"
-
+#include "console/Commands.h"
 #include "packages/PackageCheck.h"
 #include "packages/PackageFormat.h"
 #include "packages/frmPackager.h"
@@ -87,8 +86,6 @@ class EntryCollector {
   Files& files_;
 };
 
-}  // namespace
-
 int RunGame(Session& session) {
   if (!session.RequireGame()) return session.Finish(false);
   const Text& folder = session.app.State.GamePath;
@@ -97,11 +94,13 @@ int RunGame(Session& session) {
   return session.Finish(true);
 }
 
-int RunPack(Session& session, const Text& name, const std::vector<Text>& entries) {
+/// `typed`: paths below their roots with slashes of either kind; a folder stands for all files
+/// below it, sorted.
+int RunPack(Session& session, const Text& name, const std::vector<std::string>& typed) {
   if (!session.RequireGame()) return session.Finish(false);
   session.PrepareProgramFolder();
   EntryCollector collector(session);
-  for (const Text& entry : entries) collector.Add(entry);
+  for (const std::string& entry : typed) collector.Add(TextFromUtf8(entry));
   auto& screen = session.app.Screen<frmPackager>();
   session.Follow(screen.TarvoProgress);
   screen.cboFileName.SetText(name);
@@ -145,6 +144,33 @@ int RunInstall(Session& session, const Text& name) {
   screen.cboFileName.SetText(name);
   screen.InstallPackage();
   return FinishWithMessage(session);
+}
+
+}  // namespace
+
+void AddPackageCommands(CLI::App& parser, Command& chosen) {
+  struct Arguments {
+    std::string name;
+    std::vector<std::string> entries;
+  };
+  const auto typed = std::make_shared<Arguments>();
+  const auto add = [&](const char* name, const char* about, auto run) {
+    CLI::App* command = AddCommand(parser, chosen, name, about, [typed, run](Session& session) {
+      return run(session, TextFromUtf8(typed->name));
+    });
+    command->add_option("NAME", typed->name, "The package's name, without .Tarvo")->required();
+    return command;
+  };
+  AddCommand(parser, chosen, "game", "Find the game", RunGame);
+  add("pack", "Make a package",
+      [typed](Session& session, const Text& name) {
+        return RunPack(session, name, typed->entries);
+      })
+      ->add_option("ENTRY", typed->entries, "A file or folder below its root")
+      ->required();
+  add("list", "List a package", RunList);
+  add("verify", "Read a package through", RunVerify);
+  add("install", "Install a package into the game", RunInstall);
 }
 
 }  // namespace tarvo

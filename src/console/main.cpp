@@ -1,10 +1,8 @@
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
 #include <iostream>
 
-#include "console/PackageCommands.h"
-#include "console/Session.h"
+#include "console/Commands.h"
 #include "platform/HostMachine.h"
 #include "text/Utf8.h"
 
@@ -15,13 +13,11 @@ namespace {
 struct CommandLine {
   std::string game;
   std::string program;
-  std::string name;
-  std::vector<std::string> entries;
   bool yes = false;
   bool no = false;
   bool all = false;
   SessionOptions options;
-  std::function<int(Session&)> run;
+  Command run;
 };
 
 void AddGlobalOptions(CLI::App& parser, CommandLine& line) {
@@ -34,37 +30,6 @@ void AddGlobalOptions(CLI::App& parser, CommandLine& line) {
   no->excludes(all);
   parser.add_flag("--json", line.options.Json, "The result as one JSON value");
   parser.add_flag("--quiet", line.options.Quiet, "No messages of information, no progress line");
-}
-
-CLI::App* AddCommand(CLI::App& parser, CommandLine& line, const char* name, const char* about,
-                     std::function<int(Session&)> run) {
-  CLI::App* command = parser.add_subcommand(name, about)->fallthrough();
-  command->callback([&line, run = std::move(run)] { line.run = run; });
-  return command;
-}
-
-void AddCommands(CLI::App& parser, CommandLine& line) {
-  const auto name = [&line] { return TextFromUtf8(line.name); };
-  const auto takesName = [&line](CLI::App* command) {
-    command->add_option("NAME", line.name, "The package's name, without .Tarvo")->required();
-    return command;
-  };
-  AddCommand(parser, line, "game", "Find the game", RunGame);
-  takesName(AddCommand(parser, line, "pack", "Make a package",
-                       [&line, name](Session& session) {
-                         std::vector<Text> entries;
-                         for (const std::string& entry : line.entries)
-                           entries.push_back(TextFromUtf8(entry));
-                         return RunPack(session, name(), entries);
-                       }))
-      ->add_option("ENTRY", line.entries, "A file or folder below its root")
-      ->required();
-  takesName(AddCommand(parser, line, "list", "List a package",
-                       [name](Session& session) { return RunList(session, name()); }));
-  takesName(AddCommand(parser, line, "verify", "Read a package through",
-                       [name](Session& session) { return RunVerify(session, name()); }));
-  takesName(AddCommand(parser, line, "install", "Install a package into the game",
-                       [name](Session& session) { return RunInstall(session, name()); }));
 }
 
 std::optional<std::string> ReadTerminalLine() {
@@ -90,11 +55,10 @@ int Run(CommandLine& line) {
 }  // namespace tarvo
 
 int main(int argc, char** argv) {
-  CLI::App parser("Makes, checks and installs Tarvo packages without a window.", "tarvo");
-  parser.require_subcommand(1);
+  CLI::App parser("Works on ship mods, packages and text databases without a window.", "tarvo");
   tarvo::CommandLine line;
   tarvo::AddGlobalOptions(parser, line);
-  tarvo::AddCommands(parser, line);
+  tarvo::AddCommands(parser, line.run);
   try {
     parser.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -20,6 +20,9 @@ class FileListBox : public ListBox {
   /// Shows another folder. Raises an error, and keeps the old one, when it doesn't exist.
   void SetPath(TextView path);
 
+  /// Shows other files of the folder from the next Reload on.
+  void SetPattern(Text pattern) { pattern_ = std::move(pattern); }
+
   /// Reads the folder anew; no row is selected then. A folder that can't be read shows no files.
   void Reload();
 

@@ -1,11 +1,24 @@
 #include "controls/ListBox.h"
 
+#include <algorithm>
+
+#include "text/LetterCase.h"
+
 namespace tarvo {
 
-void ListBox::Add(Text item) {
-  rows_.push_back({std::move(item), false});
+std::size_t ListBox::Add(Text item) {
+  auto place = rows_.end();
+  if (order_ == Order::Sorted) {
+    place = std::upper_bound(rows_.begin(), rows_.end(), item, [](const Text& a, const Row& b) {
+      return LessIgnoringCase(a, b.Caption);
+    });
+  }
+  place = rows_.insert(place, {std::move(item), false});
+  const auto row = place - rows_.begin();
+  if (listIndex_ >= row) ++listIndex_;
   ++rowsVersion_;
   Changed();
+  return static_cast<std::size_t>(row);
 }
 
 void ListBox::RemoveAt(std::size_t row) {

@@ -11,8 +11,11 @@ namespace tarvo {
 class ListBox : public Control {
  public:
   enum class Selection { Single, Toggle };
+  enum class Order { AsAdded, Sorted };
 
-  ListBox(Control* parent, Selection selection) : Control(parent), selection_(selection) {}
+  /// A Sorted list puts each row where it belongs without regard to letter case, behind its equals.
+  ListBox(Control* parent, Selection selection, Order order = Order::AsAdded)
+      : Control(parent), selection_(selection), order_(order) {}
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
   bool MultiSelect() const { return selection_ == Selection::Toggle; }
@@ -27,7 +30,8 @@ class ListBox : public Control {
   /// Another number than before whenever rows came or went; selecting leaves it alone.
   std::uint64_t RowsVersion() const { return rowsVersion_; }
 
-  void Add(Text item);
+  /// Gives the place of the new row.
+  std::size_t Add(Text item);
   void RemoveAt(std::size_t row);
   void Clear();
 
@@ -50,6 +54,7 @@ class ListBox : public Control {
   };
 
   Selection selection_;
+  Order order_;
   std::vector<Row> rows_;
   int listIndex_ = -1;
   std::uint64_t rowsVersion_ = 0;

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -61,6 +62,14 @@ enum FileAttributes : unsigned {
   kArchiveFile = 32,
 };
 
+/// Two equal stamps of a file mean that it wasn't written in between.
+struct FileStamp {
+  std::uint64_t Size = 0;    ///< Bytes.
+  std::int64_t Changed = 0;  ///< Nanoseconds since 1970 in UTC.
+
+  friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+
 class Files {
  public:
   virtual ~Files() = default;
@@ -68,6 +77,10 @@ class Files {
   /// True for a file only: a folder, or a path that can't be looked at, gives false.
   virtual bool FileExists(TextView path) = 0;
   virtual bool FolderExists(TextView path) = 0;
+
+  /// The file's size and time of change; nothing where there is no file, or none that can be
+  /// looked at.
+  virtual std::optional<FileStamp> Stamp(TextView path) = 0;
 
   /// Bytes in the file.
   virtual std::uint64_t FileSize(TextView path) = 0;

@@ -99,6 +99,11 @@ FileText ReadFileText(Application& app, TextView path) {
   return text;
 }
 
+FileText LookAtFile(Application& app, const Text& path) {
+  const auto stamp = app.machine.files.Stamp(path);
+  return stamp && stamp->Size > 0 ? ReadFileText(app, path) : FileText();
+}
+
 void WriteFileText(Application& app, TextView path, FileTextView text) {
   if (text.empty()) return;
   try {

@@ -34,6 +34,10 @@ void CopyFolders(Application& app, TextView source, TextView destination);
 /// file of no bytes is deleted.
 FileText ReadFileText(Application& app, TextView path);
 
+/// ReadFileText for a routine that only looks: a missing file, or one of no bytes, is an empty text
+/// and stays as it is.
+FileText LookAtFile(Application& app, const Text& path);
+
 /// Makes `text` the file's bytes, by atomic replacement. An empty text changes nothing. A failure
 /// is told in a message box and noted; the file then stands as it was.
 void WriteFileText(Application& app, TextView path, FileTextView text);

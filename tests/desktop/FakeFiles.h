@@ -20,6 +20,7 @@ class FakeFiles : public Files {
 
   bool FileExists(TextView path) override { return files_.contains(Text(path)); }
   bool FolderExists(TextView path) override { return folders_.contains(Text(path)); }
+  std::optional<FileStamp> Stamp(TextView) override { return {}; }
   std::uint64_t FileSize(TextView path) override { return files_.at(Text(path)).size(); }
   unsigned Attributes(TextView) override { return kNormalFile; }
   std::vector<Text> Drives() override { return {u"C:", u"Z:"}; }

@@ -10,7 +10,7 @@ namespace tarvo::test {
 
 /// What can be made to fail.
 enum class FileStep {
-  Look,  ///< FileSize and Attributes; the two questions for existence never fail.
+  Look,  ///< FileSize and Attributes; the questions for existence and stamp never fail.
   SetAttributes,
   Open,
   Read,
@@ -47,6 +47,7 @@ class FailingFiles : public Files {
 
   bool FileExists(TextView path) override { return files_.FileExists(path); }
   bool FolderExists(TextView path) override { return files_.FolderExists(path); }
+  std::optional<FileStamp> Stamp(TextView path) override { return files_.Stamp(path); }
   std::uint64_t FileSize(TextView path) override;
   unsigned Attributes(TextView path) override;
   void SetAttributes(TextView path, unsigned attributes) override;

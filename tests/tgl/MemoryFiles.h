@@ -65,6 +65,7 @@ class MemoryFiles : public Files {
 
   std::vector<Text> FolderNames(TextView) override { return {}; }
 
+  MOCK_METHOD(std::optional<FileStamp>, Stamp, (TextView), (override));
   MOCK_METHOD(std::uint64_t, FileSize, (TextView), (override));
   MOCK_METHOD(unsigned, Attributes, (TextView), (override));
   MOCK_METHOD(void, SetAttributes, (TextView, unsigned), (override));

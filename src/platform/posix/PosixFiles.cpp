@@ -91,6 +91,15 @@ bool PosixFiles::FolderExists(TextView path) {
   return !host.empty() && stat(host.c_str(), &state) == 0 && S_ISDIR(state.st_mode);
 }
 
+std::optional<FileStamp> PosixFiles::Stamp(TextView path) {
+  struct stat state;
+  const std::string host = HostPath(path);
+  if (host.empty() || stat(host.c_str(), &state) != 0 || !S_ISREG(state.st_mode)) return {};
+  constexpr std::int64_t kNanoseconds = 1'000'000'000;
+  return FileStamp{static_cast<std::uint64_t>(state.st_size),
+                   state.st_ctim.tv_sec * kNanoseconds + state.st_ctim.tv_nsec};
+}
+
 std::uint64_t PosixFiles::FileSize(TextView path) {
   const struct stat state = Look(FilePath(u"look at", path), path);
   if (S_ISDIR(state.st_mode)) Fail(u"look at", path, EISDIR);

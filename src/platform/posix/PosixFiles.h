@@ -23,6 +23,7 @@ class PosixFiles : public Files {
 
   bool FileExists(TextView path) override;
   bool FolderExists(TextView path) override;
+  std::optional<FileStamp> Stamp(TextView path) override;
   std::uint64_t FileSize(TextView path) override;
   unsigned Attributes(TextView path) override;
   void SetAttributes(TextView path, unsigned attributes) override;

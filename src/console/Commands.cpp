@@ -1,0 +1,17 @@
+#include "console/Commands.h"
+
+namespace tarvo {
+
+CLI::App* AddCommand(CLI::App& parser, Command& chosen, const char* name, const char* about,
+                     Command run) {
+  CLI::App* command = parser.add_subcommand(name, about)->fallthrough();
+  command->callback([&chosen, run = std::move(run)] { chosen = run; });
+  return command;
+}
+
+void AddCommands(CLI::App& parser, Command& chosen) {
+  parser.require_subcommand(1);
+  AddPackageCommands(parser, chosen);
+}
+
+}  // namespace tarvo

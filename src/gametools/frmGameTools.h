@@ -1,0 +1,155 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "controls/Button.h"
+#include "controls/ComboBox.h"
+#include "controls/FileListBox.h"
+#include "controls/Form.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "controls/ListBox.h"
+#include "controls/ProgressBar.h"
+#include "controls/Shape.h"
+#include "controls/TextBox.h"
+#include "controls/Timer.h"
+#include "state/Application.h"
+
+namespace tarvo {
+
+/// The screen that works on what is installed in the game: ship plug-ins, sound plug-ins, the
+/// Quick Battle menus with their ships, and the check of a ship's files.
+class frmGameTools : public Form {
+ public:
+  explicit frmGameTools(Application& app);
+  ~frmGameTools() override;
+
+  void Load() override;
+  void Unload() override;
+
+  // The tab strip, and the commands that leave the screen.
+  Button lblShipPlugin{this}, lblSoundPlugin{this}, lblMenus{this}, lblChecker{this};
+
+  // Ship Plugin
+  Frame fraShipInfo{this};
+  ComboBox cboShipName{&fraShipInfo}, cboSpecies{&fraShipInfo};
+  TextBox txtIconName{&fraShipInfo};
+  TextBox txtModName{&fraShipInfo}, txtAuthor{&fraShipInfo}, txtVersion{&fraShipInfo};
+  TextBox txtSources{&fraShipInfo}, txtComments{&fraShipInfo};
+  FileListBox FileList2;  ///< Ship scripts.
+  Button lblMakeShipPlugin{&fraShipInfo}, lblExit{&fraShipInfo};
+
+  // Sound Plugin
+  Frame fraSound{this};
+  ComboBox cboSoundName{&fraSound};
+  ListBox lstWeapons{&fraSound, ListBox::Selection::Single, ListBox::Order::Sorted};
+  FileListBox FileListWavs;
+  ListBox lstSoundInfo{&fraSound, ListBox::Selection::Single, ListBox::Order::Sorted};
+  Shape VolumeMeter{&fraSound};
+  Button imgButtonL{&fraSound}, imgButtonR{&fraSound};
+  Button lblPlaySound{&fraSound}, lblAddSound{&fraSound}, lblRemoveSound{&fraSound};
+  Button lblMakeSoundPlugin{&fraSound}, lblExit2{&fraSound};
+  FileListBox FileList5;  ///< Never seen: the folder under scan.
+
+  // Menus
+  Frame fraMenus{this};
+  Frame fraQBMenu{&fraMenus};
+  Button imgButtonU{&fraMenus}, imgButtonD{&fraMenus};
+  ListBox lstDisabled{&fraMenus, ListBox::Selection::Toggle, ListBox::Order::Sorted};
+  ListBox lstEnabled{&fraMenus, ListBox::Selection::Toggle,
+                     ListBox::Order::Sorted};                 ///< Never seen.
+  ListBox lstSpecies{&fraMenus, ListBox::Selection::Toggle};  ///< Never seen: the custom menus.
+  FileListBox FileList1, FileList4;                           ///< Never seen.
+  Button lblAddQB{&fraMenus}, lblDeleteQB{&fraMenus};
+  Button lblEnable{&fraMenus}, lblDisable{&fraMenus}, lblDelete{&fraMenus}, lblExit3{&fraMenus};
+
+  // Checker
+  Frame fraIntegrity{this};
+  FileListBox FileList3;  ///< Ship scripts.
+  TextBox txtFileDisplay{&fraIntegrity}, txtErrorDisplay{&fraIntegrity};
+  Button lblExit1{&fraIntegrity};
+
+  // Over all of them, while an operation runs
+  Frame fraProgress{this};
+  Frame fraUpdateProgress{&fraProgress};
+  tarvo::ProgressBar ProgressBar{&fraUpdateProgress};   ///< Follows the operation.
+  tarvo::ProgressBar ProgressBar2{&fraUpdateProgress};  ///< Follows the reading of a file.
+  Label lblFile{&fraUpdateProgress};
+
+  Timer Load_Timer{this, 15}, Scroll_Timer{this, 10};
+
+  // --- fields of the screen ---
+  std::int16_t SoundVolume = 100;
+  std::int16_t SelectedMenu =
+      0;  ///< Row of the menu that was opened last, or was found for a ship.
+  std::int16_t SelectedShip = 0;  ///< Row of the ship that was clicked last; 0 for none.
+  Text ScrollDirection;           ///< "Up", "Down", "Left" or "Right".
+  bool CustomMenuChosen = false;
+  bool QuietMake = false;
+
+  // --- the screen: frmGameTools.cpp, frmGameToolsLayout.cpp ---
+  void lblShipPlugin_Click();
+  void lblSoundPlugin_Click();
+  void lblMenus_Click();
+  void lblChecker_Click();
+
+  // --- ship plug-ins and ship scripts: ShipPlugin.cpp ---
+  void MakeShipPlugin();
+  void LoadShipPlugin();
+  void PickShipScript();
+  void ShipNameChanged();
+
+  // --- lists of ships: ShipLists.cpp ---
+  void RefreshShipLists();
+  void FillShipList();
+
+  // --- check of a ship's files: ShipChecker.cpp ---
+  void CheckShipFiles();
+  void ScanEnabledShips();
+
+  // --- states of ships: ShipStates.cpp ---
+  void DisableShips();
+  void EnableShips();
+  void DeleteShips();
+
+  // --- Quick Battle menus: QBMenus.cpp ---
+  void LoadQBMenus();
+  Text GetSpeciesName(int index);  ///< `index` counts from 1; empty when there is no such menu.
+  void FindShipMenu(const Text& strShipName);
+  void MoveMenuShipsToOther(const Text& menuName);
+  void AddQBMenu();
+  void DeleteQBMenu();
+  void cboSpecies_Click();
+
+  // --- the tree of menus and ships: QBMenuTree.cpp ---
+  void BuildCustomMenuRows();
+  void RemoveCustomMenuRows();
+  void CloseOpenMenus();
+  void lblQBMenu_Click(int index);
+  void imgQBMenu_Click(int index);
+  void lblQBShip_Click(int index);
+  void imgQBShip_Click(int index);
+  void OpenQBMenu(int index);
+  void CloseQBMenu(int index);
+  void RemoveShipRow(int index, const Text& ship);
+  bool MenuIsOpen(int index) const;
+  int MenuRowCount() const;  ///< The hidden end row counts.
+  const Text& MenuCaption(int index) const;
+  Text ShipCaption(int index) const;  ///< Empty for row 0 and for a row that isn't there.
+
+  // --- sound plug-ins: SoundPlugin.cpp, SoundLists.cpp ---
+  void AddSoundEntry();
+  void lblRemoveSound_Click();
+  void ReadSoundPlugin();
+  void cboSoundName_Change();
+  void MakeSoundPlugin();
+  void FillSoundLists();
+  void GetWeaponsList(const Text& strFilePath);
+  void lblPlaySound_Click();
+
+ private:
+  Application& app_;
+};
+
+}  // namespace tarvo
