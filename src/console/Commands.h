@@ -20,5 +20,7 @@ void AddCommands(CLI::App& parser, Command& chosen);
 
 /// The commands by what they work on.
 void AddPackageCommands(CLI::App& parser, Command& chosen);
+void AddShipTGLCommands(CLI::App& parser, Command& chosen);
+void AddTGLCommands(CLI::App& parser, Command& chosen);
 
 }  // namespace tarvo

@@ -26,13 +26,6 @@ bool RequirePackage(Session& session, const Text& name) {
   return false;
 }
 
-/// Ends a command whose result is its closing message.
-int FinishWithMessage(Session& session) {
-  const Text& message = session.dialogue.ClosingMessage();
-  if (!message.empty()) session.output.Result({message}, Json(message));
-  return session.Finish(true);
-}
-
 /// An entry as typed, in the form of a package: one backslash in front and between its parts.
 Text AsEntry(Text typed) {
   for (char16_t& unit : typed) {
@@ -109,7 +102,7 @@ int RunPack(Session& session, const Text& name, const std::vector<std::string>& 
     screen.lstFile.Add(BareName(entry));
   }
   screen.MakePackage();
-  return FinishWithMessage(session);
+  return session.FinishWithMessage();
 }
 
 int RunList(Session& session, const Text& name) {
@@ -139,11 +132,12 @@ int RunVerify(Session& session, const Text& name) {
 int RunInstall(Session& session, const Text& name) {
   if (!session.RequireGame()) return session.Finish(false);
   session.PrepareProgramFolder();
+  session.PrepareGameTexts();
   auto& screen = session.app.Screen<frmPackager>();
   session.Follow(screen.TarvoProgress);
   screen.cboFileName.SetText(name);
   screen.InstallPackage();
-  return FinishWithMessage(session);
+  return session.FinishWithMessage();
 }
 
 }  // namespace

@@ -16,6 +16,7 @@ Session::Session(SessionDoors doors, const SessionOptions& options, std::ostream
           *this, dialogue, options.ProgramFolder),
       showsProgress_(options.Terminal && !options.Quiet) {
   app.shell = this;
+  SetConstants(app);
   app.State.GamePath = options.Game;
   if (!options.Game.empty()) gameSource_ = u"option";
 }
@@ -46,6 +47,10 @@ void Session::PrepareProgramFolder() {
   MakeProgramFolders(app);
 }
 
+void Session::PrepareGameTexts() {
+  ClearGameTextsReadOnly(app);
+}
+
 /// No command opens a form that waits: its dialogue is on the terminal.
 void Session::RunModal(Form& form) {
   app.screens.Close(form);
@@ -61,6 +66,12 @@ void Session::ControlChanged(Control& control) {
   if (percent == shownPercent_) return;
   shownPercent_ = percent;
   output.Progress(TextFromUtf8(std::to_string(percent)) + u" %");
+}
+
+int Session::FinishWithMessage() {
+  const Text& message = dialogue.ClosingMessage();
+  if (!message.empty()) output.Result({message}, Json(message));
+  return Finish(true);
 }
 
 void Session::Complain(TextView text) {

@@ -43,6 +43,9 @@ class Session : private FormHost, private Shell, private Sound, private ControlO
   /// Makes the folders Tarvos, ShipTGLs and QBMenus of the program folder where they are missing.
   void PrepareProgramFolder();
 
+  /// Clears the read-only mark of the game's two text databases, which a command is to write.
+  void PrepareGameTexts();
+
   /// Where the game was found: "option", "settings", "registry", or empty for nowhere.
   Text GameSource() const { return gameSource_; }
 
@@ -52,6 +55,9 @@ class Session : private FormHost, private Shell, private Sound, private ControlO
   /// Tells the failures that the command noted, and gives its exit status. `inOrder`: what the
   /// command looked at is as it should be.
   int Finish(bool inOrder);
+
+  /// Finish for a command whose result is its closing message.
+  int FinishWithMessage();
 
   /// The name or file isn't known or not in order: says so, for status 1.
   void Complain(TextView text);

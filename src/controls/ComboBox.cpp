@@ -7,6 +7,12 @@ void ComboBox::Add(tarvo::Text item) {
   Changed();
 }
 
+void ComboBox::RemoveAt(std::size_t row) {
+  items_.at(row);
+  items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(row));
+  Changed();
+}
+
 void ComboBox::Clear() {
   items_.clear();
   SetText({});

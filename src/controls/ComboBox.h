@@ -17,6 +17,9 @@ class ComboBox : public Control {
 
   void Add(tarvo::Text item);
 
+  /// The line stays as it is.
+  void RemoveAt(std::size_t row);
+
   /// Empties the list and the line.
   void Clear();
 

@@ -10,6 +10,8 @@ class TextBox : public Control {
   explicit TextBox(Control* parent) : Control(parent) {}
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
+  Property<bool> MultiLine{*this, false};  ///< The view breaks lines, and Enter makes a new one.
+
   const tarvo::Text& Text() const { return text_; }
 
   /// Sets the text, by program or by the user. A text that differs raises OnChange.

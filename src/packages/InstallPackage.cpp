@@ -6,6 +6,7 @@
 #include "platform/Files.h"
 #include "platform/Guarded.h"
 #include "platform/Sound.h"
+#include "shiptgl/UpdateGameTGL.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
 #include "state/ReadProgress.h"
@@ -50,7 +51,7 @@ class frmPackager::Installation {
   void Write() {
     for (std::size_t i = 0; i < entries_.size(); ++i) {
       if (IsTGLEntry(entries_[i])) {
-        WriteBody(screen_.RootedPath(entries_[i]), bodies_[i]);
+        InstallShipTGL(entries_[i], bodies_[i]);
       } else {
         InstallGameFile(entries_[i], bodies_[i]);
       }
@@ -58,16 +59,29 @@ class frmPackager::Installation {
   }
 
  private:
+  /// A ship's definition: it goes to the other definitions, and into the game. A database of the
+  /// program folder that is no ship's definition isn't replaced without a question.
+  void InstallShipTGL(const Text& entry, const PackageBody& body) {
+    const bool isDefinition = FoldCase(entry).starts_with(u"\\shiptgls\\");
+    if (!isDefinition && !MayWrite(entry)) return;
+    WriteBody(screen_.RootedPath(entry), body);
+    UpdateGameTGL(app_, ShipOfTGLEntry(entry));
+  }
+
   void InstallGameFile(const Text& entry, const PackageBody& body) {
-    const Text path = screen_.RootedPath(entry);
     CreateGameFolders(entry);
-    if (overwriteAnswer_ != u"All" && CheckFile(app_, path) == kFileOk) {
-      overwriteAnswer_ = app_.dialogue.PacInput(
-          u"File " + BareName(entry) + u" already exists!!!  Would you like to Overwrite???",
-          Title::Warning);
-      if (overwriteAnswer_ != u"Yes" && overwriteAnswer_ != u"All") return;
+    if (MayWrite(entry)) WriteBody(screen_.RootedPath(entry), body);
+  }
+
+  /// Asks the user before a file is replaced.
+  bool MayWrite(const Text& entry) {
+    if (overwriteAnswer_ == u"All" || CheckFile(app_, screen_.RootedPath(entry)) != kFileOk) {
+      return true;
     }
-    WriteBody(path, body);
+    overwriteAnswer_ = app_.dialogue.PacInput(
+        u"File " + BareName(entry) + u" already exists!!!  Would you like to Overwrite???",
+        Title::Warning);
+    return overwriteAnswer_ == u"Yes" || overwriteAnswer_ == u"All";
   }
 
   /// Makes the folders in front of the entry's last part; one that is there already stays.

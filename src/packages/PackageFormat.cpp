@@ -70,6 +70,14 @@ bool IsTGLEntry(TextView entry) {
   return entry.ends_with(u"TGL");
 }
 
+Text ShipOfTGLEntry(TextView entry) {
+  Text ship(entry);
+  for (const TextView part : {TextView(u"\\ShipTGLs\\"), TextView(u".TGL"), TextView(u"\\")}) {
+    for (std::size_t at; (at = ship.find(part)) != Text::npos;) ship.erase(at, part.size());
+  }
+  return ship;
+}
+
 std::vector<Text> EntriesOf(TextView packageList) {
   std::vector<Text> entries;
   for (std::size_t end = packageList.find(u"\r\n"); end != TextView::npos;

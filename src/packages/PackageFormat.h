@@ -29,6 +29,10 @@ FileText BodyEnd();
 /// others lie below the game's folder.
 bool IsTGLEntry(TextView entry);
 
+/// The name of the ship whose definition an entry that ends in "TGL" is: what is left of it without
+/// `\ShipTGLs\`, ".TGL" and backslashes.
+Text ShipOfTGLEntry(TextView entry);
+
 /// The entries of a package list in order.
 std::vector<Text> EntriesOf(TextView packageList);
 

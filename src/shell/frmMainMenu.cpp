@@ -7,6 +7,7 @@
 #include "packages/frmPackager.h"
 #include "platform/Clock.h"
 #include "platform/Sound.h"
+#include "shiptgl/frmTGLTools.h"
 #include "state/CommonUtilities.h"
 #include "text/Utf8.h"
 
@@ -35,7 +36,7 @@ void frmMainMenu::LayOut() {
   place(lblHelp, u"Help", palette::kViolet, 4680, 360);
   place(lblExit, u"Exit", palette::kViolet, 4680, 840);
   // Their screens don't exist yet.
-  for (Button* button : {&lblGameTools, &lblTGLTools, &lblOptions, &lblHelp}) {
+  for (Button* button : {&lblGameTools, &lblOptions, &lblHelp}) {
     button->Enabled = false;
   }
   lblTitle.Caption = u"Main Menu";
@@ -71,6 +72,7 @@ void frmMainMenu::LayOutDecoration() {
 }
 
 void frmMainMenu::Connect() {
+  lblTGLTools.OnClick = [this] { Open<frmTGLTools>(lblTGLTools, u"TGL Tools"); };
   lblPackager.OnClick = [this] { Open<frmPackager>(lblPackager, u"Packager"); };
   lblExit.OnClick = [this] { Exit(); };
   Digits_Timer.OnTimer = [this] { ChangeDigits(); };

@@ -43,6 +43,12 @@ bool ReadChunk(FileReader& file, std::uint32_t chunkSize, FileText& text) {
   return got > 0;
 }
 
+/// `text` with a blank in place of each line break.
+Text OneLine(Text text) {
+  for (std::size_t at; (at = text.find(u"\r\n")) != Text::npos;) text.replace(at, 2, u" ");
+  return text;
+}
+
 void Note(Application& app, Failure failure) {
   app.Failures.push_back(std::move(failure));
   Text line = app.Failures.front().Words;
@@ -135,7 +141,11 @@ void NoteFailure(Application& app, const PlatformError& error) {
 }
 
 void NoteFailure(Application& app, const RaisedError& error) {
-  Note(app, {error.Description, false});
+  Note(app, {OneLine(error.Description), error.SystemCode != 0});
+}
+
+void NoteFailure(Application& app, const RaisedError& error, TextView file) {
+  Note(app, {Text(file) + u": " + OneLine(error.Description), error.SystemCode != 0});
 }
 
 Text helper_TrimNull(TextView text) {

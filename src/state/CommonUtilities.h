@@ -56,6 +56,9 @@ void PlayEffect(Application& app, TextView name, unsigned flags);
 void NoteFailure(Application& app, const PlatformError& error);
 void NoteFailure(Application& app, const RaisedError& error);
 
+/// The same with the file at fault, where the error's own words don't name it.
+void NoteFailure(Application& app, const RaisedError& error, TextView file);
+
 /// Runs one step of a command; a raised error or a failure of the platform ends it and is noted.
 /// Gives true when the step ran to its end.
 template <class Step>

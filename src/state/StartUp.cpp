@@ -105,10 +105,19 @@ void MakeProgramFolders(Application& app) {
   }
 }
 
+void SetConstants(Application& app) {
+  app.State.ReadChunkSize = 1024;
+  app.State.AppVersion = u"BETA v4.0";
+}
+
+void ClearGameTextsReadOnly(Application& app) {
+  ClearReadOnly(app, app.State.GamePath + u"\\data\\TGL\\QuickBattle\\QuickBattle.TGL");
+  ClearReadOnly(app, app.State.GamePath + u"\\data\\TGL\\Ships.TGL");
+}
+
 void StartUpSequence(Application& app) {
   AppState& state = app.State;
-  state.ReadChunkSize = 1024;
-  state.AppVersion = u"BETA v4.0";
+  SetConstants(app);
   state.GamePath = FindGame(app).Folder;
   Guarded([&] {
     app.machine.settings.Write(kSettingsApplication, kSettingsSection, u"GamePath", state.GamePath);
@@ -120,8 +129,7 @@ void StartUpSequence(Application& app) {
   MakeProgramFolders(app);
   app.shell->ShowMainMenu();
   app.shell->ShowStatus(u"Standing By...");
-  ClearReadOnly(app, state.GamePath + u"\\data\\TGL\\QuickBattle\\QuickBattle.TGL");
-  ClearReadOnly(app, state.GamePath + u"\\data\\TGL\\Ships.TGL");
+  ClearGameTextsReadOnly(app);
 }
 
 }  // namespace tarvo

@@ -26,6 +26,13 @@ FoundGame FindGame(Application& app);
 /// Makes the folders Tarvos, ShipTGLs and QBMenus of the program folder where they are missing.
 void MakeProgramFolders(Application& app);
 
+/// Sets what of the state doesn't depend on the machine: AppVersion, and ReadChunkSize as it is at
+/// the start.
+void SetConstants(Application& app);
+
+/// Clears the read-only mark of the game's text databases Ships.TGL and QuickBattle.TGL.
+void ClearGameTextsReadOnly(Application& app);
+
 /// From the start of the process until the main menu stands; run again after each Save of the
 /// options. Each step is guarded.
 void StartUpSequence(Application& app);

@@ -21,6 +21,16 @@ class RaisedError : public std::exception {
   Text Source;       ///< Name of the routine, as a literal.
   Text Description;  ///< Words for the user.
 
+  /// What the system called a file that couldn't be read or written; 0 for any other failure.
+  int SystemCode = 0;
+
+  /// The same for a failure that the machine is at the bottom of, with the system's code for it.
+  RaisedError Because(int systemCode) const {
+    RaisedError error = *this;
+    error.SystemCode = systemCode;
+    return error;
+  }
+
   const char* what() const noexcept override { return "raised error"; }
 };
 

@@ -24,7 +24,8 @@ void TGLFile::Update(TextView OutputFilename, bool Overwrite) {
     // The temporary file that failed to take the target's place has no name that helps the user.
     throw RaisedError(u"helper_CopyFile",
                       u"Failed to copy file 'the new " + BareName(OutputFilename) + u"' to '" +
-                          Text(OutputFilename) + u"'\r\nReason: " + SystemWords(error.Code));
+                          Text(OutputFilename) + u"'\r\nReason: " + SystemWords(error.Code))
+        .Because(error.Code);
   }
 }
 

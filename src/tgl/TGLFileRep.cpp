@@ -35,13 +35,15 @@ std::int64_t OffsetBlockBytes(std::int32_t count) {
 template <class Step>
 auto TGLFileRep::Reading(TextView Filename, Step step) {
   Text words;
+  int code = 0;
   try {
     if (IsBlank(Filename)) {
       throw RaisedError(u"TGLFile.Load", u"No source filename specified.  Load failed.");
     }
     if (!helper_FileExists(files_, Filename)) {
       throw RaisedError(u"TGLFile.Load",
-                        u"Couldn't find source file '" + Text(Filename) + u".'  Load failed.");
+                        u"Couldn't find source file '" + Text(Filename) + u".'  Load failed.")
+          .Because(kNoSuchFile);
     }
     VBFileStream stream(files_);
     stream.OpenFile(Filename, VBFileStream::Access::Read);
@@ -50,13 +52,16 @@ auto TGLFileRep::Reading(TextView Filename, Step step) {
     return step(stream);
   } catch (const RaisedError& error) {
     words = error.Description;
+    code = error.SystemCode;
   } catch (const PlatformError& error) {
     words = SystemWords(error.Code);
+    code = error.Code;
   }
   header_.MajorVersion = 0;
   header_.MinorVersion = 0;
   throw RaisedError(u"TGLFileRep.ReadFile",
-                    u"An error occurred while attempting to read the file.  Error: " + words);
+                    u"An error occurred while attempting to read the file.  Error: " + words)
+      .Because(code);
 }
 
 TGLStrings TGLFileRep::ReadFile(TextView Filename) {

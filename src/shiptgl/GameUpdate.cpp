@@ -1,0 +1,86 @@
+#include "platform/Guarded.h"
+#include "platform/Sound.h"
+#include "shiptgl/PluginPatch.h"
+#include "shiptgl/UpdateGameTGL.h"
+#include "shiptgl/frmTGLTools.h"
+#include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
+#include "state/Shell.h"
+#include "text/CodePage.h"
+
+namespace tarvo {
+namespace {
+
+/// A definition is looked for under its name with ".TGL" in capitals: a file name that ends
+/// otherwise is not cut, and its definition not found.
+Text ShipOf(Text fileName) {
+  constexpr TextView kEnding = u".TGL";
+  for (std::size_t at; (at = fileName.find(kEnding)) != Text::npos;) {
+    fileName.erase(at, kEnding.size());
+  }
+  return fileName;
+}
+
+}  // namespace
+
+void frmTGLTools::UpdateShipTGLs() {
+  BeginCommand();
+  UnpatchedPlugins.clear();
+  std::int64_t selected = 0;
+  for (std::size_t row = 0; row < File2.Count(); ++row) selected += File2.Selected(row);
+  fraProgress.Visible = true;
+  ProgressBar.SetRange(0, selected + 1, 1);
+  Refresh();
+  PlayEffect(app_, u"Scroll.wav", kPlayLoop);
+  for (std::size_t row = 0; row < File2.Count(); ++row) {
+    if (!File2.Selected(row)) continue;
+    lblFile.Caption = app_.ProgramFolder + u"\\ShipTGLs\\" + File2.Item(row);
+    fraUpdateProgress.Refresh();
+    const Text ship = ShipOf(File2.Item(row));
+    UpdateGameTGL(app_, ship);
+    PatchPlugin(ship);
+    ProgressBar.SetValue(ProgressBar.Value() + 1);
+  }
+  PlayEffect(app_, u"BackgroundBeep.wav", kPlay);
+  fraProgress.Visible = false;
+  if (app_.Failures.empty() && !UnpatchedPlugins.empty()) {
+    app_.shell->ShowStatus(UnpatchedPlugins.front() + u" keeps its own description.");
+  }
+}
+
+/// A plug-in that another tool made, or that is gone, stays as it is.
+void frmTGLTools::PatchPlugin(const Text& ship) {
+  const Text path = app_.State.GamePath + u"\\scripts\\Custom\\Ships\\" + ship + u".py";
+  if (CheckFile(app_, path) != kFileOk) return;
+  const FileText plugin = LookAtFile(app_, path);
+  const std::optional<FileText> patched = PatchForTGL(plugin, FileTextFromText(ship));
+  if (!patched) {
+    UnpatchedPlugins.push_back(ship + u".py");
+  } else if (*patched != plugin) {
+    WriteFileText(app_, path, *patched);
+  }
+}
+
+void frmTGLTools::lblUpdateGame_Click() {
+  UpdateShipTGLs();
+  Select(false);
+}
+
+void frmTGLTools::lblUpdateAllGameTGL_Click() {
+  PlayEffect(app_, u"CommandBeep.wav", kPlayToEnd);
+  PlayEffect(app_, u"Question.wav", kPlayUnlessBusy);
+  const Text answer = app_.dialogue.PacInput(u"Update Game with all ShipTGLs???", Title::Question);
+  if (answer != u"Yes" && answer != u"All") {
+    app_.dialogue.PacMsg(u"The Game has not been Updated!!!", Title::Information);
+    return;
+  }
+  Select(true);
+  UpdateShipTGLs();
+  Select(false);
+}
+
+void frmTGLTools::Select(bool selected) {
+  for (std::size_t row = 0; row < File2.Count(); ++row) File2.SetSelected(row, selected);
+}
+
+}  // namespace tarvo

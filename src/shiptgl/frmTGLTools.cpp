@@ -1,0 +1,150 @@
+#include "shiptgl/frmTGLTools.h"
+
+#include "platform/Guarded.h"
+#include "platform/Sound.h"
+#include "state/CommonUtilities.h"
+#include "state/Shell.h"
+
+namespace tarvo {
+
+/// What a tab changes, beside what is on it.
+struct frmTGLTools::Tab {
+  Button& Caption;
+  Frame& Shown;
+  TextView Status;
+  TextView Hint;
+};
+
+frmTGLTools::frmTGLTools(Application& app)
+    : Form(Style::Child, app.MainForm),
+      FileList(&fraShipTGL, app.machine.files, ListBox::Selection::Single, u"*.TGL"),
+      FileList1(&fraShipTGL, app.machine.files, ListBox::Selection::Single, u"*.py"),
+      File2(&fraGameTGL, app.machine.files, ListBox::Selection::Toggle, u"*.TGL"),
+      app_(app) {
+  LayOut();
+  Connect();
+}
+
+void frmTGLTools::Load() {
+  Move(1180, 1740, 6900, 0);
+  const Text definitions = app_.ProgramFolder + u"\\ShipTGLs\\";
+  Guarded([&] { FileList.SetPath(definitions); });
+  Guarded([&] { File2.SetPath(definitions); });
+  FillShipNames();
+  DropDefinedShips();
+  lblNewTGL_Click();
+  app_.State.CurrentScreen = u"TGL Tools";
+}
+
+void frmTGLTools::Unload() {
+  app_.shell->WorkScreenClosed();
+}
+
+void frmTGLTools::Connect() {
+  const auto click = [this] { PlayEffect(app_, u"Click.wav", kPlayUnlessBusy); };
+  const auto leave = [this, click] {
+    click();
+    app_.screens.Close(*this);
+  };
+  lblNewTGL.OnClick = [this] { lblNewTGL_Click(); };
+  lblEditTGL.OnClick = [this] { lblEditTGL_Click(); };
+  lblDeleteTGL.OnClick = [this] { lblDeleteTGL_Click(); };
+  lblGameTGL.OnClick = [this] { lblGameTGL_Click(); };
+  cboShipNames.OnClick = [this, click] {
+    click();
+    txtLongName.SetText(cboShipNames.Text());
+  };
+  FileList.OnClick = [this, click] {
+    click();
+    PickDefinition();
+  };
+  File2.OnClick = click;
+  lblNew.OnClick = [this] { SaveShipTGL(); };
+  lblEdit.OnClick = [this] { lblEdit_Click(); };
+  lblDelete.OnClick = [this] { DeleteShipTGL(); };
+  lblUpdateGame.OnClick = [this] { lblUpdateGame_Click(); };
+  lblUpdateAllGameTGL.OnClick = [this] { lblUpdateAllGameTGL_Click(); };
+  lblExit.OnClick = leave;
+  lblExit1.OnClick = leave;
+  Load_Timer.OnTimer = [this] { Unroll(); };
+}
+
+void frmTGLTools::Unroll() {
+  if (Height < 5055) {
+    Height = Height + 150;
+  } else {
+    Height = 5065;
+    Load_Timer.Enabled = false;
+  }
+}
+
+void frmTGLTools::lblNewTGL_Click() {
+  OpenDefinitions(
+      {lblNewTGL, fraShipTGL, u"New Ship TGL Details...", u"Create a New ShipTGL on this Screen"},
+      lblNew);
+  cboShipNames.SetText(u"Select your Ship!");
+}
+
+void frmTGLTools::lblEditTGL_Click() {
+  OpenDefinitions(
+      {lblEditTGL, fraShipTGL, u"Edit Ship TGL Details...", u"Edit a ShipTGL on this Screen"},
+      lblEdit);
+}
+
+void frmTGLTools::lblDeleteTGL_Click() {
+  OpenDefinitions({lblDeleteTGL, fraShipTGL, u"Delete Ship TGL From Hard Drive...",
+                   u"Delete a ShipTGL From your Hard Drive"},
+                  lblDelete);
+}
+
+void frmTGLTools::lblGameTGL_Click() {
+  Open({lblGameTGL, fraGameTGL, u"Update the Game's TGL Information...",
+        u"Update your ShipTGLs in the Game..."});
+}
+
+void frmTGLTools::Open(const Tab& tab) {
+  PlayEffect(app_, u"TabBeep.wav", kPlayUnlessBusy);
+  status_ = Text(tab.Status);
+  BeginCommand();
+  if (app_.State.PacHelper) app_.dialogue.PacMsg(tab.Hint, Title::Information);
+  imgButtonSelected.Left = tab.Caption.Left;
+  for (Frame* frame : {&fraShipTGL, &fraGameTGL}) frame->Visible = frame == &tab.Shown;
+}
+
+/// One of the three tabs that share the fields. On the New tab the user names the ship and fills
+/// the fields; on the others he picks a definition first.
+void frmTGLTools::OpenDefinitions(const Tab& tab, Button& command) {
+  Open(tab);
+  const bool isNew = &command == &lblNew;
+  for (Button* other : {&lblNew, &lblEdit, &lblDelete}) other->Visible = other == &command;
+  lblEdit.Enabled = false;
+  FileList.Enabled = !isNew;
+  cboShipNames.Enabled = isNew;
+  EnableFields(isNew);
+  ResetFields();
+}
+
+void frmTGLTools::EnableFields(bool enabled) {
+  for (TextBox* field :
+       {&txtLongName, &txtDescription, &txtWeapons, &txtShields, &txtHull, &txtTactics}) {
+    field->Enabled = enabled;
+  }
+}
+
+void frmTGLTools::ResetFields() {
+  const ShipTexts texts;
+  cboShipNames.SetText(u"Select a Ship TGL!");
+  txtLongName.SetText(texts.LongName);
+  txtDescription.SetText(texts.Description);
+  txtWeapons.SetText(texts.Weapons);
+  txtShields.SetText(texts.Shields);
+  txtHull.SetText(texts.Hull);
+  txtTactics.SetText(texts.Tactics);
+}
+
+void frmTGLTools::BeginCommand() {
+  app_.Failures.clear();
+  app_.shell->ShowStatus(status_);
+}
+
+}  // namespace tarvo

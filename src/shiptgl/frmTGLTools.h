@@ -1,0 +1,124 @@
+#pragma once
+
+#include <vector>
+
+#include "controls/Button.h"
+#include "controls/ComboBox.h"
+#include "controls/FileListBox.h"
+#include "controls/Form.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "controls/ProgressBar.h"
+#include "controls/TextBox.h"
+#include "controls/Timer.h"
+#include "shiptgl/ShipDefinition.h"
+#include "state/Application.h"
+#include "state/Dialogue.h"
+
+namespace tarvo {
+
+/// The screen for ship definitions and their merge into the game. Three of its tabs (New, Edit,
+/// Delete) share one frame and one set of fields; the fourth has the merge.
+class frmTGLTools : public Form {
+ public:
+  explicit frmTGLTools(Application& app);
+
+  void Load() override;
+  void Unload() override;
+
+  Button lblNewTGL{this}, lblEditTGL{this}, lblDeleteTGL{this}, lblGameTGL{this};
+  Frame imgButtonSelected{this};  ///< Marks the open tab.
+
+  Frame fraShipTGL{this};
+  Label lblShipName{&fraShipTGL};
+  ComboBox cboShipNames{&fraShipTGL};
+  Label lblLongName{&fraShipTGL};
+  TextBox txtLongName{&fraShipTGL};
+  Label lblDefinitions{&fraShipTGL};
+  FileListBox FileList;   ///< The definitions.
+  FileListBox FileList1;  ///< Never seen: the game's ship plug-ins.
+  Label lblDescription{&fraShipTGL};
+  TextBox txtDescription{&fraShipTGL};
+  Label lblWeapons{&fraShipTGL};
+  TextBox txtWeapons{&fraShipTGL};
+  Label lblShields{&fraShipTGL};
+  TextBox txtShields{&fraShipTGL};
+  Label lblHull{&fraShipTGL};
+  TextBox txtHull{&fraShipTGL};
+  Label lblTactics{&fraShipTGL};
+  TextBox txtTactics{&fraShipTGL};
+  Button lblNew{&fraShipTGL}, lblEdit{&fraShipTGL}, lblDelete{&fraShipTGL}, lblExit{&fraShipTGL};
+
+  Frame fraGameTGL{this};
+  Label lblMerge{&fraGameTGL};
+  FileListBox File2;  ///< The definitions again, of which several can be selected.
+  Button lblUpdateGame{&fraGameTGL}, lblUpdateAllGameTGL{&fraGameTGL}, lblExit1{&fraGameTGL};
+
+  Frame fraProgress{this};
+  Label Label15{&fraProgress};
+  Frame fraUpdateProgress{&fraProgress};
+  tarvo::ProgressBar ProgressBar{&fraUpdateProgress};
+  Label lblFile{&fraUpdateProgress};
+
+  Timer Load_Timer{this, 15};
+
+  void lblNewTGL_Click();
+  void lblEditTGL_Click();
+  void lblDeleteTGL_Click();
+  void lblGameTGL_Click();
+
+  /// Writes the fields as the definition of the ship that cboShipNames names; a definition of that
+  /// name is replaced whole. Gives true when it stands on the disk; a failure is told and noted.
+  bool SaveShipTGL();
+
+  /// SaveShipTGL after a question.
+  void lblEdit_Click();
+
+  /// Fills the fields from the definition of the ship that cboShipNames names. One that can't be
+  /// read is told, and its deletion offered.
+  void LoadShipTGL();
+
+  /// Deletes the selected definition after a plain "Yes". The game's files stay as they are.
+  void DeleteShipTGL();
+
+  /// Fills cboShipNames with the ships that have a plug-in in the game.
+  void FillShipNames();
+
+  /// Takes the ships that have a definition out of cboShipNames.
+  void DropDefinedShips();
+
+  /// Merges the selected definitions of File2 into the game, and lets the ships' plug-ins take
+  /// their texts from there. A ship that fails is told, and the next one follows.
+  void UpdateShipTGLs();
+  void lblUpdateGame_Click();
+  void lblUpdateAllGameTGL_Click();
+
+  /// The plug-ins that the last UpdateShipTGLs left as they are, having no place for the change.
+  std::vector<Text> UnpatchedPlugins;
+
+ private:
+  struct Tab;
+
+  void LayOut();
+  void LayOutTabs();
+  void LayOutFields();
+  void LayOutCommands();
+  void LayOutGame();
+  void LayOutProgress();
+  void Connect();
+  void Unroll();
+  void Open(const Tab& tab);
+  void OpenDefinitions(const Tab& tab, Button& command);
+  void ResetFields();
+  void EnableFields(bool enabled);
+  void PickDefinition();
+  void BeginCommand();
+  void PatchPlugin(const Text& ship);
+  void Select(bool selected);
+  ShipTexts TextsOfFields() const;
+
+  Application& app_;
+  Text status_;  ///< The status line of the open tab.
+};
+
+}  // namespace tarvo

@@ -1,0 +1,102 @@
+#include "controls/Palette.h"
+#include "shiptgl/frmTGLTools.h"
+
+namespace tarvo {
+namespace {
+
+constexpr int kCommandTop = 3750;
+
+void Place(Button& button, TextView caption, Colour colour, int left, int top, int width) {
+  button.Caption = Text(caption);
+  button.BackColour = colour;
+  button.Move(left, top, width, 345);
+}
+
+void Place(Control& field, TextView name, int left, int top, int width, int height) {
+  field.AccessibleName = Text(name);
+  field.BackColour = palette::kPanel;
+  field.ForeColour = palette::kPeach;
+  field.Move(left, top, width, height);
+}
+
+void Place(Label& label, TextView caption, int left, int top, int width) {
+  label.Caption = Text(caption);
+  label.ForeColour = palette::kPeach;
+  label.Move(left, top, width, 270);
+}
+
+/// A field with its label at its side.
+void Place(Label& label, Control& field, TextView caption, int top, int height) {
+  Place(label, caption, 2145, top + 37, 1110);
+  Place(field, caption, 3270, top, 3480, height);
+}
+
+}  // namespace
+
+void frmTGLTools::LayOut() {
+  for (Frame* frame : {&fraShipTGL, &fraGameTGL}) {
+    frame->BackColour = kBlack;
+    frame->Move(0, 600, 6900, 4465);
+  }
+  LayOutTabs();
+  LayOutFields();
+  LayOutCommands();
+  LayOutGame();
+  LayOutProgress();
+}
+
+void frmTGLTools::LayOutTabs() {
+  Place(lblNewTGL, u"New TGL", palette::kPeach, 120, 90, 1425);
+  Place(lblEditTGL, u"Edit TGL", palette::kPeach, 1800, 90, 1425);
+  Place(lblDeleteTGL, u"Delete TGL", palette::kPeach, 3480, 90, 1425);
+  Place(lblGameTGL, u"Game TGL", palette::kPeach, 5160, 90, 1425);
+  imgButtonSelected.BackColour = palette::kOrange;
+  imgButtonSelected.Move(120, 480, 1425, 60);
+}
+
+/// The definitions on the left, the texts of one of them on the right.
+void frmTGLTools::LayOutFields() {
+  Place(lblDefinitions, u"Ship TGLs", 150, 97, 1800);
+  Place(FileList, u"Ship TGLs", 150, 450, 1800, 3120);
+  FileList1.Visible = false;
+  Place(lblShipName, cboShipNames, u"Ship Name", 60, 345);
+  Place(lblLongName, txtLongName, u"Long Name", 450, 345);
+  Place(lblDescription, txtDescription, u"Description", 840, 825);
+  Place(lblWeapons, txtWeapons, u"Weapons", 1710, 345);
+  Place(lblShields, txtShields, u"Shield Rating", 2100, 345);
+  Place(lblHull, txtHull, u"Hull Rating", 2490, 345);
+  Place(lblTactics, txtTactics, u"Ship Tactics", 2880, 690);
+  for (TextBox* field : {&txtDescription, &txtTactics}) field->MultiLine = true;
+}
+
+void frmTGLTools::LayOutCommands() {
+  Place(lblNew, u"New ShipTGL", palette::kOrange, 2145, kCommandTop, 2235);
+  Place(lblEdit, u"Save ShipTGL", palette::kOrange, 2145, kCommandTop, 2235);
+  Place(lblDelete, u"Delete ShipTGL", palette::kOrange, 2145, kCommandTop, 2235);
+  Place(lblExit, u"Exit", palette::kViolet, 4515, kCommandTop, 2235);
+}
+
+void frmTGLTools::LayOutGame() {
+  Place(lblMerge, u"Choose the Ship TGLs to put into the Game", 150, 97, 6600);
+  Place(File2, u"Ship TGLs", 150, 450, 6600, 3120);
+  Place(lblUpdateGame, u"Update TGL", palette::kOrange, 150, kCommandTop, 2100);
+  Place(lblUpdateAllGameTGL, u"Update All TGL", palette::kOrange, 2400, kCommandTop, 2100);
+  Place(lblExit1, u"Exit", palette::kViolet, 4650, kCommandTop, 2100);
+}
+
+void frmTGLTools::LayOutProgress() {
+  fraProgress.Visible = false;
+  fraProgress.Move(900, 1800, 5100, 1650);
+  fraProgress.BackColour = palette::kPanel;
+  fraProgress.ForeColour = palette::kOrange;
+  Place(Label15, u"Updating TGL", 240, 180, 4620);
+  Label15.Font = {FontRole::Normal, 9};
+  fraUpdateProgress.Move(240, 540, 4620, 930);
+  fraUpdateProgress.BackColour = palette::kPanel;
+  ProgressBar.Move(0, 60, 4620, 270);
+  ProgressBar.BackColour = kBlack;
+  ProgressBar.ForeColour = palette::kBlue;
+  Place(lblFile, u"", 0, 450, 4620);
+}
+
+}  // namespace tarvo
