@@ -152,6 +152,7 @@ class Frame;
 class Label;
 class ListBox;
 class ProgressBar;
+class RowPanel;
 class Shape;
 class StatusBar;
 class TextBox;
@@ -171,6 +172,7 @@ class ControlVisitor {
   virtual void Visit(Label& control) = 0;
   virtual void Visit(ListBox& control) = 0;
   virtual void Visit(ProgressBar& control) = 0;
+  virtual void Visit(RowPanel& control) = 0;
   virtual void Visit(Shape& control) = 0;
   virtual void Visit(StatusBar& control) = 0;
   virtual void Visit(TextBox& control) = 0;

@@ -4,11 +4,13 @@
 
 namespace tarvo {
 
-/// The outline of a rounded rectangle, in the fore colour.
+/// A rounded rectangle: its outline in the fore colour on a ground of the back colour.
 class Shape : public Control {
  public:
   explicit Shape(Control* parent) : Control(parent) {}
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+  Property<int> Rounding{*this, 150};  ///< Radius of the corners in twips.
 };
 
 }  // namespace tarvo

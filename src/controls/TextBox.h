@@ -4,13 +4,14 @@
 
 namespace tarvo {
 
-/// A line that the user types in.
+/// A line that the user types in; or, with MultiLine, several, each but the last ended by CR LF.
 class TextBox : public Control {
  public:
   explicit TextBox(Control* parent) : Control(parent) {}
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
-  Property<bool> MultiLine{*this, false};  ///< The view breaks lines, and Enter makes a new one.
+  bool MultiLine = false;  ///< To be set before the control is first drawn.
+  Property<bool> ReadOnly{*this, false};
 
   const tarvo::Text& Text() const { return text_; }
 

@@ -15,6 +15,23 @@ namespace {
 constexpr qreal kOffGround = 0.25;
 constexpr qreal kOffCaption = 0.6;
 
+bool IsEnter(const QKeyEvent& event) {
+  return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+int DegreesFromUp(Button::Arrow glyph) {
+  switch (glyph) {
+    case Button::Arrow::Right:
+      return 90;
+    case Button::Arrow::Down:
+      return 180;
+    case Button::Arrow::Left:
+      return 270;
+    default:
+      return 0;
+  }
+}
+
 }  // namespace
 
 PillButton::PillButton(QWidget* parent) : QAbstractButton(parent) {
@@ -53,8 +70,7 @@ void PillButton::paintEvent(QPaintEvent*) {
   if (!isEnabled()) painter.setOpacity(kOffCaption);
   const bool asBar = !bare && !isEnabled();
   painter.setPen(asBar ? ground_ : bare ? lit(caption_) : caption_);
-  painter.drawText(CaptionArea(), Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine,
-                   Elided());
+  DrawCaption(painter);
   if (hasFocus()) {
     const QRectF ring = QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5);
     const qreal radius = std::min(ring.width(), ring.height()) / 2;
@@ -63,8 +79,31 @@ void PillButton::paintEvent(QPaintEvent*) {
   }
 }
 
+/// In the painter's pen.
+void PillButton::DrawCaption(QPainter& painter) const {
+  if (glyph_ == Button::Arrow::None) {
+    painter.drawText(CaptionArea(), Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine,
+                     Elided());
+    return;
+  }
+  const qreal size = std::min(width(), height()) * 0.24;
+  painter.save();
+  painter.translate(QRectF(rect()).center());
+  painter.rotate(DegreesFromUp(glyph_));
+  painter.setBrush(painter.pen().color());
+  painter.setPen(QPen(painter.pen().color(), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawPolygon(QPolygonF{{{-size, size * 0.6}, {0, -size * 0.7}, {size, size * 0.6}}});
+  painter.restore();
+}
+
 void PillButton::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+  if (IsEnter(*event) && glyph_ != Button::Arrow::None) {
+    if (!event->isAutoRepeat()) {
+      setDown(true);
+      emit pressed();
+    }
+    event->accept();
+  } else if (IsEnter(*event)) {
     if (!event->isAutoRepeat()) click();
     event->accept();
   } else if (event->key() == Qt::Key_Escape) {
@@ -72,6 +111,18 @@ void PillButton::keyPressEvent(QKeyEvent* event) {
   } else {
     QAbstractButton::keyPressEvent(event);
   }
+}
+
+void PillButton::keyReleaseEvent(QKeyEvent* event) {
+  if (!IsEnter(*event) || glyph_ == Button::Arrow::None) {
+    QAbstractButton::keyReleaseEvent(event);
+    return;
+  }
+  if (!event->isAutoRepeat() && isDown()) {
+    setDown(false);
+    emit released();
+  }
+  event->accept();
 }
 
 bool PillButton::event(QEvent* event) {
@@ -88,12 +139,19 @@ ButtonView::ButtonView(Button& model, QWidget* parent) : ViewOf(model, new PillB
   QObject::connect(&face_, &QAbstractButton::clicked, &face_, [this] {
     if (Live()) model_.Press();
   });
+  QObject::connect(&face_, &QAbstractButton::pressed, &face_, [this] {
+    if (Live()) model_.Hold();
+  });
+  QObject::connect(&face_, &QAbstractButton::released, &face_, [this] {
+    if (Live()) model_.LetGo();
+  });
 }
 
 void ButtonView::Apply() {
   const QString caption = ToQt(model_.Caption);
   if (face_.text() != caption) face_.setText(caption);
   face_.SetColours(ToQt(model_.BackColour), ToQt(model_.ForeColour));
+  face_.SetGlyph(model_.Glyph);
   ApplyCommon();
 }
 

@@ -14,17 +14,23 @@ class PillButton : public QAbstractButton {
 
   void SetColours(const QColor& ground, const QColor& caption);
 
+  /// An arrow stands in place of the caption, and Enter holds the button down as Space does.
+  void SetGlyph(Button::Arrow glyph) { glyph_ = glyph; }
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
   bool event(QEvent* event) override;
 
  private:
   QRect CaptionArea() const;
   QString Elided() const;
+  void DrawCaption(QPainter& painter) const;
 
   QColor ground_;
   QColor caption_;
+  Button::Arrow glyph_ = Button::Arrow::None;
 };
 
 class ButtonView : public ViewOf<Button, PillButton> {

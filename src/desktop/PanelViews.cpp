@@ -31,12 +31,13 @@ void FrameView::Apply() {
   ApplyCommon();
 }
 
-ShapeView::ShapeView(Shape& model, QWidget* parent) : ViewOf(model, new Panel(parent, 10)) {
+ShapeView::ShapeView(Shape& model, QWidget* parent) : ViewOf(model, new Panel(parent, 0)) {
   face_.setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
 void ShapeView::Apply() {
-  face_.SetColours(Qt::transparent, ToQt(model_.ForeColour));
+  face_.SetColours(ToQt(model_.BackColour), ToQt(model_.ForeColour));
+  face_.SetRadius(ToPixels(model_.Rounding));
   ApplyCommon();
 }
 

@@ -13,6 +13,7 @@ class Panel : public QWidget {
 
   /// A transparent colour draws nothing.
   void SetColours(const QColor& ground, const QColor& outline);
+  void SetRadius(qreal radius) { radius_ = radius; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -30,7 +31,7 @@ class FrameView : public ViewOf<Frame, Panel> {
   void Apply() override;
 };
 
-/// An outline that lets the mouse through.
+/// A ground and an outline that let the mouse through.
 class ShapeView : public ViewOf<Shape, Panel> {
  public:
   ShapeView(Shape& model, QWidget* parent);

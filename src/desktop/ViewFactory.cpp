@@ -8,6 +8,7 @@
 #include "desktop/ListBoxView.h"
 #include "desktop/PanelViews.h"
 #include "desktop/ProgressBarView.h"
+#include "desktop/RowPanelView.h"
 #include "desktop/StatusBarView.h"
 #include "desktop/TextBoxView.h"
 #include "desktop/TimerView.h"
@@ -39,9 +40,12 @@ class Factory : public ControlVisitor {
   void Visit(Label& control) override { Make<LabelView>(control); }
   void Visit(ListBox& control) override { Make<ListBoxView>(control); }
   void Visit(ProgressBar& control) override { Make<ProgressBarView>(control); }
+  void Visit(RowPanel& control) override { Make<RowPanelView>(control); }
   void Visit(Shape& control) override { Make<ShapeView>(control); }
   void Visit(StatusBar& control) override { Make<StatusBarView>(control); }
-  void Visit(TextBox& control) override { Make<TextBoxView>(control); }
+  void Visit(TextBox& control) override {
+    control.MultiLine ? Make<LinesView>(control) : Make<TextBoxView>(control);
+  }
   void Visit(Timer& control) override { views_.push_back(std::make_unique<TimerView>(control)); }
 
  private:

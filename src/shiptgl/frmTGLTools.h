@@ -26,8 +26,9 @@ class frmTGLTools : public Form {
   void Load() override;
   void Unload() override;
 
-  Button lblNewTGL{this}, lblEditTGL{this}, lblDeleteTGL{this}, lblGameTGL{this};
+  Frame fraTabLine{this};
   Frame imgButtonSelected{this};  ///< Marks the open tab.
+  Button lblNewTGL{this}, lblEditTGL{this}, lblDeleteTGL{this}, lblGameTGL{this};
 
   Frame fraShipTGL{this};
   Label lblShipName{&fraShipTGL};

@@ -46,12 +46,20 @@ void frmTGLTools::LayOut() {
 }
 
 void frmTGLTools::LayOutTabs() {
-  Place(lblNewTGL, u"New TGL", palette::kPeach, 120, 90, 1425);
-  Place(lblEditTGL, u"Edit TGL", palette::kPeach, 1800, 90, 1425);
-  Place(lblDeleteTGL, u"Delete TGL", palette::kPeach, 3480, 90, 1425);
-  Place(lblGameTGL, u"Game TGL", palette::kPeach, 5160, 90, 1425);
+  fraTabLine.BackColour = palette::kOrange;
+  fraTabLine.Move(0, 525, 6900, 45);
   imgButtonSelected.BackColour = palette::kOrange;
-  imgButtonSelected.Move(120, 480, 1425, 60);
+  imgButtonSelected.Move(120, 285, 1425, 270);
+  int left = 120;
+  const auto place = [&left](Button& tab, TextView caption) {
+    Place(tab, caption, palette::kViolet, left, 120, 1425);
+    tab.Font = {FontRole::Normal, 9};
+    left += 1680;
+  };
+  place(lblNewTGL, u"New TGL");
+  place(lblEditTGL, u"Edit TGL");
+  place(lblDeleteTGL, u"Delete TGL");
+  place(lblGameTGL, u"Game TGL");
 }
 
 /// The definitions on the left, the texts of one of them on the right.

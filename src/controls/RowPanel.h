@@ -1,0 +1,91 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+
+#include "controls/Control.h"
+
+namespace tarvo {
+
+/// A panel of painted rows, menus and the ships in them, that is moved up and down behind the
+/// control it stands on. Where a row stands is up to the screen: the panel only draws rows, and
+/// tells what the user does with them.
+class RowPanel : public Control {
+ public:
+  enum class Family { Menu, Ship };
+  enum class Picture { MenuClosed, MenuOpen, Ship, ShipSelected };
+
+  /// Twips on the panel.
+  struct Area {
+    int Left = 0, Top = 0, Width = 0, Height = 0;
+    bool Contains(int left, int top) const {
+      return left >= Left && left < Left + Width && top >= Top && top < Top + Height;
+    }
+  };
+
+  /// A picture with a caption on it.
+  struct Row {
+    Text Caption;
+    Picture Shown = Picture::MenuClosed;
+    Area PictureArea;
+    Area CaptionArea;
+    bool Visible = false;
+    Colour CaptionColour = kBlack;
+
+    void MoveBy(int twips) {
+      PictureArea.Top += twips;
+      CaptionArea.Top += twips;
+    }
+  };
+
+  /// Which row; rows of a family count from 0.
+  struct Place {
+    Family Kind = Family::Menu;
+    std::size_t Index = 0;
+    friend bool operator==(const Place&, const Place&) = default;
+  };
+
+  /// `restTop` is the Top beyond which the user can't pull the panel down.
+  RowPanel(Control* parent, int restTop) : Control(parent), restTop_(restTop) {}
+  void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+  const std::vector<Row>& Rows(Family kind) const { return kind == Family::Menu ? menus_ : ships_; }
+
+  /// The rows to be changed by program.
+  std::vector<Row>& Edit(Family kind);
+
+  /// The row, or nothing when there is none or it isn't visible.
+  const Row* Seen(Place place) const;
+
+  /// The visible row whose picture or caption lies there.
+  std::optional<Place> At(int left, int top) const;
+
+  /// The visible rows from the top of the panel to its bottom.
+  std::vector<Place> InOrder() const;
+
+  /// The user clicks a row, on its caption or beside that. Does nothing while the panel is not
+  /// usable, or where no such row is seen.
+  void Click(Place place, bool onCaption);
+
+  /// The pointer comes onto a row, or onto the free part of the panel.
+  void Point(std::optional<Place> place);
+
+  /// The user pulls the panel down, or up for a negative number: not below its resting place, nor
+  /// up when its bottom can be seen already.
+  void ScrollBy(int twips);
+
+  /// Scrolls no more than it takes to show the whole row.
+  void BringIntoSight(Place place);
+
+  std::function<void(Place)> OnCaptionClick;
+  std::function<void(Place)> OnPictureClick;
+  std::function<void(Place)> OnPointer;
+  std::function<void()> OnPointerFree;
+
+ private:
+  int restTop_;
+  std::vector<Row> menus_;
+  std::vector<Row> ships_;
+};
+
+}  // namespace tarvo
