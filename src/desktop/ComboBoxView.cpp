@@ -1,6 +1,7 @@
 #include "desktop/ComboBoxView.h"
 
 #include <QAbstractItemView>
+#include <QFocusEvent>
 #include <QLineEdit>
 #include <algorithm>
 
@@ -12,6 +13,26 @@ namespace tarvo {
 DropDown::DropDown(QWidget* parent) : QComboBox(parent) {
   setItemDelegate(new RowDelegate(this));
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+}
+
+void DropDown::MakeEditable() {
+  setEditable(true);
+  setInsertPolicy(QComboBox::NoInsert);
+  setCompleter(nullptr);
+  lineEdit()->installEventFilter(this);
+}
+
+void DropDown::focusInEvent(QFocusEvent* event) {
+  QComboBox::focusInEvent(event);
+  clickedInto_ = event->reason() == Qt::MouseFocusReason;
+}
+
+bool DropDown::eventFilter(QObject* watched, QEvent* event) {
+  if (clickedInto_ && watched == lineEdit() && event->type() == QEvent::MouseButtonRelease) {
+    clickedInto_ = false;
+    if (!lineEdit()->hasSelectedText()) lineEdit()->selectAll();
+  }
+  return QComboBox::eventFilter(watched, event);
 }
 
 void DropDown::SetItems(const QStringList& items) {
@@ -30,9 +51,7 @@ void DropDown::SetItems(const QStringList& items) {
 }
 
 ComboBoxView::ComboBoxView(ComboBox& model, QWidget* parent) : ViewOf(model, new DropDown(parent)) {
-  face_.setEditable(true);
-  face_.setInsertPolicy(QComboBox::NoInsert);
-  face_.setCompleter(nullptr);
+  face_.MakeEditable();
   // A typed text that happens to be an item isn't a picked one.
   QLineEdit& line = *face_.lineEdit();
   QObject::disconnect(&line, &QLineEdit::editingFinished, &face_, nullptr);

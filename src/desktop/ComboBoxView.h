@@ -15,11 +15,20 @@ class DropDown : public QComboBox {
  public:
   explicit DropDown(QWidget* parent);
 
+  /// Lets the user type in its line. The first click into the line selects all of it, so that a
+  /// hint which stands there gives way to what is typed.
+  void MakeEditable();
+
   /// Makes the list read `items`, and leaves no row picked.
   void SetItems(const QStringList& items);
 
  protected:
   void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+  void focusInEvent(QFocusEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  bool clickedInto_ = false;
 };
 
 class ComboBoxView : public ViewOf<ComboBox, DropDown> {

@@ -36,6 +36,11 @@ void View::ApplyFieldColours() {
     colours.setColor(role, text);
   }
   colours.setColor(QPalette::PlaceholderText, Mix(text, ground, 0.5));
+  // Switched off, a field is hollow and its text dimmed, but legible.
+  colours.setColor(QPalette::Disabled, QPalette::Base, Qt::black);
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::Highlight}) {
+    colours.setColor(QPalette::Disabled, role, Mix(text, Qt::black, 0.4));
+  }
   widget_->setPalette(colours);
 }
 

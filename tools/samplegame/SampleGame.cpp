@@ -2,9 +2,13 @@
 
 #include <cstdint>
 #include <fstream>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+
+#include "platform/HostMachine.h"
+#include "tgl/TGLFile.h"
 
 namespace tarvo {
 
@@ -44,7 +48,30 @@ constexpr std::string_view kHardpointScript =
 constexpr std::string_view kShipPlugin =
     "# The sample's add-on ship, as Foundation would load it.\r\n"
     "import App\r\n"
-    "import Foundation\r\n";
+    "import Foundation\r\n"
+    "abbrev = 'Nordlicht'\r\n"
+    "iconName = 'Nordlicht'\r\n"
+    "longName = 'Nordlicht'\r\n"
+    "shipFile = 'Nordlicht'\r\n"
+    "menuGroup = 'Other Ships'\r\n"
+    "playerMenuGroup = 'Other Ships'\r\n"
+    "species = App.SPECIES_GALAXY\r\n"
+    "credits = {\r\n"
+    "\t'modName': 'Nordlicht',\r\n"
+    "\t'author': '',\r\n"
+    "\t'version': '1.0',\r\n"
+    "\t'sources': [ 'http://' ],\r\n"
+    "\t'comments': ''\r\n"
+    "}\r\n"
+    "Foundation.ShipDef.Nordlicht = Foundation.ShipDef(abbrev, species, { 'name': longName, "
+    "'iconName': iconName, 'shipFile': shipFile })\r\n"
+    "# Uncomment these if you have TGL                                                     #\r\n"
+    "# Foundation.ShipDef.Nordlicht.hasTGLName = 1\r\n"
+    "# Foundation.ShipDef.Nordlicht.hasTGLDesc = 1\r\n"
+    "Foundation.ShipDef.Nordlicht.desc = 'No Description Available'\r\n"
+    "if menuGroup:           Foundation.ShipDef.Nordlicht.RegisterQBShipMenu(menuGroup)\r\n"
+    "if playerMenuGroup:     Foundation.ShipDef.Nordlicht.RegisterQBPlayerShipMenu(playerMenuGroup)"
+    "\r\n";
 
 constexpr std::string_view kAutoload = "# Foundation loads each script of this folder.\r\n";
 
@@ -90,6 +117,12 @@ constexpr std::string_view kGameFolders[] = {
     "scripts/QuickBattle", "sfx/Weapons",       "scripts/ships/Hardpoints",
 };
 
+// The text databases, in the letter case of the game's own disc.
+constexpr std::string_view kDatabases[] = {
+    "data/TGL/Ships.tgl",
+    "data/TGL/QuickBattle/QuickBattle.TGL",
+};
+
 fs::path FromUtf8(std::string_view path) {
   return fs::path(std::u8string(path.begin(), path.end()));
 }
@@ -114,6 +147,19 @@ void Write(const fs::path& path, std::string_view body) {
   if (!file) throw std::runtime_error("can't write " + path.string());
 }
 
+void WriteDatabases(const fs::path& folder) {
+  const std::unique_ptr<Files> files = OpenFiles("");
+  TGLFile database(*files);
+  database.Strings().Add(u"Galaxy", u"Galaxy Class", u"Galaxy.wav");
+  database.Strings().Add(u"Galaxy Description", u"Description: A ship of the game's own.",
+                         u"GalaxyDescription.wav");
+  for (const std::string_view name : kDatabases) {
+    const fs::path path = fs::absolute(folder / FromUtf8(name));
+    fs::create_directories(path.parent_path());
+    database.Update(GamePathFromArgument(path.string()), true);
+  }
+}
+
 }  // namespace
 
 void WriteSampleGame(const fs::path& folder) {
@@ -121,11 +167,13 @@ void WriteSampleGame(const fs::path& folder) {
   for (const BinaryFile& file : kBinaries) {
     Write(folder / FromUtf8(file.Path), Bytes(file.Head, file.Size));
   }
+  WriteDatabases(folder);
 }
 
 void WriteEmptyGame(const fs::path& folder) {
   Write(folder / "stbc.exe", kProgram);
   for (const std::string_view name : kGameFolders) fs::create_directories(folder / FromUtf8(name));
+  WriteDatabases(folder);
 }
 
 }  // namespace tarvo

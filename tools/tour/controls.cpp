@@ -29,6 +29,7 @@
 #include "platform/posix/PosixFiles.h"
 #include "shell/frmMain.h"
 #include "shell/frmMainMenu.h"
+#include "shiptgl/frmTGLTools.h"
 #include "state/Dialogue.h"
 #include "text/RaisedError.h"
 #include "text/Utf8.h"
@@ -95,7 +96,10 @@ void Print(const char* screenName, const Form& screen, std::initializer_list<Nam
 
 void PrintPlaces(Application& app) {
   auto& menu = app.Screen<frmMainMenu>();
-  Print("frmMainMenu", menu, {{"lblPackager", menu.lblPackager}, {"lblExit", menu.lblExit}});
+  Print("frmMainMenu", menu,
+        {{"lblTGLTools", menu.lblTGLTools},
+         {"lblPackager", menu.lblPackager},
+         {"lblExit", menu.lblExit}});
   auto& packager = app.Screen<frmPackager>();
   Print("frmPackager", packager,
         {{"fraTarvo", packager.fraTarvo},
@@ -112,6 +116,24 @@ void PrintPlaces(Application& app) {
          {"lblSave", packager.lblSave},
          {"lblTest", packager.lblTest},
          {"lblExit", packager.lblExit}});
+  auto& tgl = app.Screen<frmTGLTools>();
+  Print("frmTGLTools", tgl,
+        {{"lblEditTGL", tgl.lblEditTGL},
+         {"lblDeleteTGL", tgl.lblDeleteTGL},
+         {"lblGameTGL", tgl.lblGameTGL},
+         {"fraShipTGL", tgl.fraShipTGL},
+         {"FileList", tgl.FileList},
+         {"cboShipNames", tgl.cboShipNames},
+         {"txtLongName", tgl.txtLongName},
+         {"txtDescription", tgl.txtDescription},
+         {"txtHull", tgl.txtHull},
+         {"lblNew", tgl.lblNew},
+         {"lblEdit", tgl.lblEdit},
+         {"lblDelete", tgl.lblDelete},
+         {"lblExit", tgl.lblExit},
+         {"fraGameTGL", tgl.fraGameTGL},
+         {"File2", tgl.File2},
+         {"lblUpdateGame", tgl.lblUpdateGame}});
   auto& dialog = app.Screen<frmPac_InputBox>();
   dialog.LayOutQuestion(u"", Title::Warning);
   Print("frmPac_InputBox", dialog,
