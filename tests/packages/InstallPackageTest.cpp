@@ -3,7 +3,9 @@
 #include "machine/TestMachine.h"
 #include "packages/PackageFormat.h"
 #include "packages/frmPackager.h"
+#include "shiptgl/ShipDefinition.h"
 #include "text/Utf8.h"
+#include "tgl/TGLFile.h"
 
 namespace tarvo::test {
 namespace {
@@ -65,6 +67,40 @@ TEST_F(Installing, WritesEveryByteWhereItBelongs) {
   EXPECT_EQ(machine.Bytes(program + u"\\ShipTGLs\\A.TGL"), "tgl");
   EXPECT_TRUE(machine.disk->FolderExists(game + u"\\empty"));
   EXPECT_TRUE(machine.questions.empty());
+}
+
+TEST_F(Installing, DefinitionGoesIntoTheGameAndTakesThePlaceOfItsOldTexts) {
+  const Text ships = game + u"\\data\\TGL\\Ships.TGL";
+  const Text quickBattle = game + u"\\data\\TGL\\QuickBattle\\QuickBattle.TGL";
+  const auto make = [&](const Text& path, const Text& ship, const Text& longName) {
+    machine.WriteFile(path, "");
+    TGLFile file(*machine.disk);
+    AddDefinition(file.Strings(), ship, {.LongName = longName});
+    file.Update(path, true);
+    return machine.Bytes(path);
+  };
+  make(ships, u"Other", u"");
+  make(quickBattle, u"Other", u"");
+  for (const TextView longName : {u"First", u"Second"}) {
+    const FileText body = make(program + u"\\new", u"N 1", Text(longName));
+    EXPECT_EQ(Install(Package({{u"\\ShipTGLs\\N 1.TGL", body}})), BoxIcon::Information);
+    EXPECT_EQ(machine.boxes.size(), 1u);
+    EXPECT_TRUE(machine.questions.empty());
+    EXPECT_EQ(machine.Bytes(program + u"\\ShipTGLs\\N 1.TGL"), body);
+    for (const Text& path : {ships, quickBattle}) {
+      TGLFile file(*machine.disk);
+      file.SetFilename(path);
+      file.Load();
+      EXPECT_EQ(file.Strings().Lookup(u"N 1")->Data, longName);
+    }
+  }
+}
+
+TEST_F(Installing, DatabaseThatIsNoDefinitionIsNotReplacedWithoutAQuestion) {
+  machine.WriteFile(program + u"\\QBMenus\\Species.TGL", "the user's");
+  Install(Package({{u"\\QBMenus\\Species.TGL", "foreign"}}));
+  EXPECT_EQ(machine.questions.size(), 1u);
+  EXPECT_EQ(machine.Bytes(program + u"\\QBMenus\\Species.TGL"), "the user's");
 }
 
 TEST_F(Installing, AsksBeforeItOverwritesUntilToldAll) {

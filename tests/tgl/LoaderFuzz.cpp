@@ -6,6 +6,7 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -35,6 +36,7 @@ class OneFile : public Files {
   }
 
   bool FolderExists(TextView) override { std::abort(); }
+  std::optional<FileStamp> Stamp(TextView) override { std::abort(); }
   std::uint64_t FileSize(TextView) override { std::abort(); }
   unsigned Attributes(TextView) override { std::abort(); }
   void SetAttributes(TextView, unsigned) override { std::abort(); }
