@@ -49,6 +49,14 @@ Text OneLine(Text text) {
   return text;
 }
 
+/// The error's words in one line, with the system's where they are not among them.
+Text WordsOf(const RaisedError& error) {
+  Text words = OneLine(error.Description);
+  const Text system = SystemErrorText(error.SystemCode);
+  if (error.SystemCode == 0 || words.find(system) != Text::npos) return words;
+  return words + u" (" + system + u")";
+}
+
 void Note(Application& app, Failure failure) {
   app.Failures.push_back(std::move(failure));
   Text line = app.Failures.front().Words;
@@ -141,11 +149,11 @@ void NoteFailure(Application& app, const PlatformError& error) {
 }
 
 void NoteFailure(Application& app, const RaisedError& error) {
-  Note(app, {OneLine(error.Description), error.SystemCode != 0});
+  Note(app, {WordsOf(error), error.SystemCode != 0});
 }
 
 void NoteFailure(Application& app, const RaisedError& error, TextView file) {
-  Note(app, {Text(file) + u": " + OneLine(error.Description), error.SystemCode != 0});
+  Note(app, {Text(file) + u": " + WordsOf(error), error.SystemCode != 0});
 }
 
 Text helper_TrimNull(TextView text) {
