@@ -12,6 +12,7 @@ CLI::App* AddCommand(CLI::App& parser, Command& chosen, const char* name, const 
 void AddCommands(CLI::App& parser, Command& chosen) {
   parser.require_subcommand(1);
   AddPackageCommands(parser, chosen);
+  AddShipCommands(parser, chosen);
 }
 
 }  // namespace tarvo

@@ -20,5 +20,6 @@ void AddCommands(CLI::App& parser, Command& chosen);
 
 /// The commands by what they work on.
 void AddPackageCommands(CLI::App& parser, Command& chosen);
+void AddShipCommands(CLI::App& parser, Command& chosen);
 
 }  // namespace tarvo
