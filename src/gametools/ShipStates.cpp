@@ -29,18 +29,28 @@ void frmGameTools::SelectShipOfTree() {
   }
 }
 
-/// Takes the ship out of the tree where its menu is open; true when it was.
-bool frmGameTools::TakeOutOfTree(const Text& ship) {
-  FindShipMenu(ship);
-  if (!MenuIsOpen(SelectedMenu)) return false;
-  RemoveShipRow(SelectedMenu, ship);
-  return true;
+std::vector<int> frmGameTools::OpenMenus() const {
+  std::vector<int> menus;
+  for (int menu = 0; menu + 1 < MenuRowCount(); ++menu) {
+    if (MenuIsOpen(menu)) menus.push_back(menu);
+  }
+  return menus;
 }
 
-/// Brings back the row of a ship that was taken out and yet stays enabled.
-void frmGameTools::ShowMenuAnew() {
-  if (MenuIsOpen(SelectedMenu)) CloseQBMenu(SelectedMenu);
-  OpenQBMenu(SelectedMenu);
+/// Takes the ship's rows out of the open menus, and gives those menus.
+std::vector<int> frmGameTools::TakeOutOfTree(const Text& ship) {
+  FindShipMenu(ship);
+  std::vector<int> menus = OpenMenus();
+  for (const int menu : menus) RemoveShipRow(menu, ship);
+  return menus;
+}
+
+/// Brings back the rows of a ship that was taken out and yet stays enabled.
+void frmGameTools::ShowAnew(const std::vector<int>& menus) {
+  for (const int menu : menus) {
+    if (MenuIsOpen(menu)) CloseQBMenu(menu);
+    OpenQBMenu(menu);
+  }
 }
 
 /// Gives the ship's plug-in another ending. False when it can't: the user is told of a file that
@@ -75,7 +85,7 @@ void frmGameTools::DisableShips() {
 
 void frmGameTools::DisableShip(std::size_t row) {
   const Text ship = lstEnabled.Item(row);
-  const bool hadRow = TakeOutOfTree(ship);
+  const std::vector<int> menus = TakeOutOfTree(ship);
   if (RenamePlugin(ship, kEnabledEnding, kDisabledEnding)) {
     NotingFailures(app_,
                    [&] { RemoveIfThere(app_.machine.files, PluginPath(ship, kCompiledEnding)); });
@@ -83,7 +93,7 @@ void frmGameTools::DisableShip(std::size_t row) {
     lstEnabled.RemoveAt(row);
   } else if (app_.machine.files.FileExists(PluginPath(ship, kEnabledEnding))) {
     lstEnabled.SetSelected(row, false);
-    if (hadRow) ShowMenuAnew();
+    ShowAnew(menus);
   } else {
     lstEnabled.RemoveAt(row);
   }
@@ -91,12 +101,8 @@ void frmGameTools::DisableShip(std::size_t row) {
 
 void frmGameTools::EnableShips() {
   PlayEffect(app_, u"CommandBeep.wav", kPlayUnlessBusy);
-  std::vector<int> openMenus;
-  for (int menu = 0; menu + 1 < MenuRowCount(); ++menu) {
-    if (!MenuIsOpen(menu)) continue;
-    lblQBMenu_Click(menu);
-    openMenus.push_back(menu);
-  }
+  const std::vector<int> openMenus = OpenMenus();
+  for (const int menu : openMenus) lblQBMenu_Click(menu);
   for (std::size_t row = lstDisabled.Count(); row-- > 0;) {
     if (lstDisabled.Selected(row)) EnableShip(row);
   }
@@ -139,11 +145,11 @@ void frmGameTools::DeleteEnabledShips() {
     if (!lstEnabled.Selected(row)) continue;
     if (files.empty()) files = app_.machine.files.FileNames(folder);
     const Text ship = lstEnabled.Item(row);
-    const bool hadRow = TakeOutOfTree(ship);
+    const std::vector<int> menus = TakeOutOfTree(ship);
     try {
       DeleteFilesOf(ship, files);
     } catch (const PlatformError&) {
-      if (hadRow) ShowMenuAnew();
+      ShowAnew(menus);
       throw;
     }
     lstEnabled.RemoveAt(row);

@@ -189,8 +189,9 @@ class frmGameTools : public Form {
   bool MakeShipScript(const Text& ship);
   void ScanShip(std::size_t row, const Text& script);
   void SelectShipOfTree();
-  bool TakeOutOfTree(const Text& ship);
-  void ShowMenuAnew();
+  std::vector<int> OpenMenus() const;
+  std::vector<int> TakeOutOfTree(const Text& ship);
+  void ShowAnew(const std::vector<int>& menus);
   bool RenamePlugin(const Text& ship, TextView from, TextView to);
   void DisableShip(std::size_t row);
   void EnableShip(std::size_t row);
