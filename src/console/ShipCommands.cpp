@@ -3,7 +3,6 @@
 #include "console/Commands.h"
 #include "gametools/frmGameTools.h"
 #include "platform/Files.h"
-#include "ships/ShipFiles.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
@@ -55,21 +54,18 @@ int RunCheck(Session& session, const Names& ships) {
   const Text& game = session.app.State.GamePath;
   auto& screen = session.app.Screen<frmGameTools>();
   screen.ListShips();
+  const auto scripts = screen.ShipScripts();
   bool inOrder = true;
   std::vector<Text> lines;
   auto reports = nlohmann::json::array();
   for (const std::string& typed : ships) {
     const Text ship = TextFromUtf8(typed);
-    std::size_t row = 0;
-    while (row < screen.FileList3.Count() &&
-           ShipOfFile(screen.FileList3.Item(row), kEnabledEnding) != ship) {
-      ++row;
-    }
-    if (row == screen.FileList3.Count()) {
+    const auto script = scripts.find(ship);
+    if (script == scripts.end()) {
       ComplainOfShip(session, ship);
       continue;
     }
-    const auto references = screen.CheckShipScript(screen.FileList3.Item(row));
+    const auto references = screen.CheckShipScript(script->second);
     const int errors = session.app.State.MissingFileCount;
     inOrder = inOrder && errors == 0;
     AddLines(lines, CheckReport(game, references));

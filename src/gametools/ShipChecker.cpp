@@ -1,5 +1,3 @@
-#include <unordered_map>
-
 #include "gametools/frmGameTools.h"
 #include "platform/Sound.h"
 #include "ships/ShipFiles.h"
@@ -18,6 +16,16 @@ FileAnswer Ask(Application& app, TextView path) {
 }
 
 }  // namespace
+
+std::unordered_map<Text, Text> frmGameTools::ShipScripts() const {
+  std::unordered_map<Text, Text> scripts;
+  for (std::size_t row = 0; row < FileList3.Count(); ++row) {
+    const Text& file = FileList3.Item(row);
+    Text ship = ShipOfFile(file, kEnabledEnding);
+    if (!ship.empty()) scripts.try_emplace(std::move(ship), file);
+  }
+  return scripts;
+}
 
 std::vector<CheckedReference> frmGameTools::CheckShipScript(const Text& fileName) {
   app_.State.MissingFileCount = 0;
@@ -49,11 +57,7 @@ void frmGameTools::ScanEnabledShips() {
   const std::uint32_t chunk = app_.State.ReadChunkSize;
   app_.State.SoundFX = false;
   app_.State.ReadChunkSize = kScanChunk;
-  std::unordered_map<Text, Text> scripts;
-  for (std::size_t row = 0; row < FileList3.Count(); ++row) {
-    const Text& file = FileList3.Item(row);
-    scripts.try_emplace(ShipOfFile(file, kEnabledEnding), file);
-  }
+  const auto scripts = ShipScripts();
   for (std::size_t row = lstEnabled.Count(); row-- > 0;) {
     // A ship picked in the tree goes along with one that fails, and the list may have ended here.
     if (row >= lstEnabled.Count()) break;

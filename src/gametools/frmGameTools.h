@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 #include "controls/Button.h"
@@ -120,6 +121,10 @@ class frmGameTools : public Form {
   void FillShipList();
 
   // --- check of a ship's files: ShipChecker.cpp ---
+
+  /// The scripts of FileList3, bare file names, by the ships' names. Letter case counts but in the
+  /// ending.
+  std::unordered_map<Text, Text> ShipScripts() const;
 
   /// Looks up what a ship script names, a bare file name; the critical errors are counted in
   /// MissingFileCount. Changes no file.

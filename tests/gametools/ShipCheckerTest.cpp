@@ -46,19 +46,6 @@ TEST_F(ShipChecker, CountsWhatIsMissingAndTakesCompiledScripts) {
   EXPECT_TRUE(machine.app.Failures.empty());
 }
 
-TEST_F(ShipChecker, ReportTellsWholePathsAndWhereCompiledOnesWereFound) {
-  machine.WriteFile(Script(u"A.py"), "\"Name\": \"Twin\",\"HardpointFile\": \"hull\",");
-  machine.WriteFile(Script(u"Twin.pyc"), "compiled");
-  const auto [report, verdict] = Check(u"A.py");
-  const Text rule = Text(27, u'=') + u"\r\n";
-  EXPECT_EQ(report, u"Checking File Structures...\r\n\r\n" + rule + u"Name:\r\n" + game +
-                        u"\\scripts\\ships\\Twin.py\r\n--> ERROR:  Missing File!!!\r\n" +
-                        u"BUT .PYC was found!  \\scripts\\ships\\Twin.pyc\r\n--> OK!\r\n" + rule +
-                        u"\r\n" + rule + u"HardpointFile:\r\n" + game +
-                        u"\\scripts\\ships\\Hardpoints\\hull.py\r\n--> OK!\r\n" + rule + u"\r\n");
-  EXPECT_EQ(machine.sound.Orders.back().File, machine.ProgramFolder() + u"\\Sfx\\Click.wav");
-}
-
 TEST_F(ShipChecker, ScriptThatCantBeReadIsNamedAndReadAgainTheNextTime) {
   AddShip(u"A");
   for (const FileStep step : {FileStep::Open, FileStep::Read}) {
@@ -105,16 +92,6 @@ TEST_F(ShipChecker, ScanDisablesWhatFailsAndSaysSo) {
   EXPECT_EQ(machine.app.State.ReadChunkSize, 1024u);
   EXPECT_EQ(screen.FileList3.ListIndex(), -1);
   EXPECT_EQ(screen.txtFileDisplay.Text() + screen.txtErrorDisplay.Text(), u"");
-}
-
-TEST_F(ShipChecker, ScanTakesShipsThatAreSelectedAlong) {
-  for (const TextView ship : {u"A", u"B", u"C"}) AddShip(ship);
-  machine.disk->Remove(Script(u"C.py"));
-  frmGameTools& screen = Open();
-  for (const TextView ship : {u"A", u"B"}) Select(screen.lstEnabled, ship);
-  screen.ScanEnabledShips();
-  EXPECT_EQ(screen.lstEnabled.Count(), 0u);
-  EXPECT_EQ(Messages(), Texts{u"Ship C is not found!!! Please Reinstall this Ship!"});
 }
 
 TEST_F(ShipChecker, ScanReadsAScriptOnlyWhenItHasChanged) {

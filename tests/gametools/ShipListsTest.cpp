@@ -41,19 +41,5 @@ TEST_F(ShipLists, NamesOnlyComeAndNoneTwice) {
   EXPECT_EQ(screen.cboShipName.Item(1), u"B");
 }
 
-TEST_F(ShipLists, FollowTheFolderAtEachRefresh) {
-  AddShip(u"A");
-  frmGameTools& screen = Open();
-  machine.disk->Rename(Plugin(u"A.py"), Plugin(u"A.Disabled"));
-  AddShip(u"C");
-  screen.RefreshShipLists();
-  EXPECT_EQ(Items(screen.lstEnabled), Texts{u"C"});
-  EXPECT_EQ(Items(screen.lstDisabled), Texts{u"A"});
-  for (const TextView gone : {u"A.Disabled", u"C.py"}) machine.disk->Remove(Plugin(gone));
-  screen.RefreshShipLists();
-  EXPECT_EQ(screen.lstEnabled.Count() + screen.lstDisabled.Count(), 0u);
-  EXPECT_TRUE(machine.boxes.empty());
-}
-
 }  // namespace
 }  // namespace tarvo::test

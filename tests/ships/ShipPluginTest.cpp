@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "ships/Golden.h"
 #include "ships/ShipPlugin.h"
 #include "text/CodePage.h"
@@ -76,19 +74,6 @@ TEST(ShipPlugin, ReadingPutsUpWithPluginsWrittenByHand) {
     const ShipPlugin read = ReadShipPlugin(c.text);
     EXPECT_EQ(read.Icon, c.icon) << c.text;
     EXPECT_EQ(read.Menu, c.menu) << c.text;
-  }
-}
-
-TEST(ShipPlugin, CutAnywhereItGivesWholeValuesOrNone) {
-  const FileText text = Golden("federation.py");
-  const ShipPlugin whole = ReadShipPlugin(text);
-  for (std::size_t size = 0; size < text.size(); ++size) {
-    const ShipPlugin cut = ReadShipPlugin(FileTextView(text).substr(0, size));
-    for (const auto field :
-         {&ShipPlugin::Icon, &ShipPlugin::Menu, &ShipPlugin::ModName, &ShipPlugin::Author,
-          &ShipPlugin::Version, &ShipPlugin::Sources, &ShipPlugin::Comments}) {
-      EXPECT_TRUE((cut.*field).empty() || cut.*field == whole.*field) << size;
-    }
   }
 }
 
