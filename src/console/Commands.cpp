@@ -14,6 +14,7 @@ void AddCommands(CLI::App& parser, Command& chosen) {
   AddPackageCommands(parser, chosen);
   AddShipTGLCommands(parser, chosen);
   AddTGLCommands(parser, chosen);
+  AddShipCommands(parser, chosen);
 }
 
 }  // namespace tarvo

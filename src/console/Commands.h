@@ -22,5 +22,6 @@ void AddCommands(CLI::App& parser, Command& chosen);
 void AddPackageCommands(CLI::App& parser, Command& chosen);
 void AddShipTGLCommands(CLI::App& parser, Command& chosen);
 void AddTGLCommands(CLI::App& parser, Command& chosen);
+void AddShipCommands(CLI::App& parser, Command& chosen);
 
 }  // namespace tarvo

@@ -18,6 +18,7 @@ Session::Session(SessionDoors doors, const SessionOptions& options, std::ostream
   app.shell = this;
   SetConstants(app);
   app.State.GamePath = options.Game;
+  app.State.ReadChunkSize = 1 << 20;  // No bar is shown for the reading of one file.
   if (!options.Game.empty()) gameSource_ = u"option";
 }
 

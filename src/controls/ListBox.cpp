@@ -53,6 +53,7 @@ void ListBox::SetSelected(std::size_t row, bool selected) {
     for (Row& other : rows_) other.Selected = false;
     listIndex_ = static_cast<int>(row);
   }
+  if (!MultiSelect() && !selected && listIndex_ == static_cast<int>(row)) listIndex_ = -1;
   rows_[row].Selected = selected;
   Changed();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 #include "controls/Button.h"
@@ -14,7 +15,9 @@
 #include "controls/Shape.h"
 #include "controls/TextBox.h"
 #include "controls/Timer.h"
+#include "ships/ShipCheck.h"
 #include "state/Application.h"
+#include "state/FileFacts.h"
 
 namespace tarvo {
 
@@ -95,22 +98,56 @@ class frmGameTools : public Form {
   void lblChecker_Click();
 
   // --- ship plug-ins and ship scripts: ShipPlugin.cpp ---
+
+  /// Writes the plug-in of the fields, and offers to make a ship script where there is none. What
+  /// can't be written is noted, and the fields stay.
   void MakeShipPlugin();
+
+  /// Reads the plug-in that cboShipName names into the fields. A value that can't be told shows an
+  /// empty field; a menu that can't be told, the choice that the user must make.
   void LoadShipPlugin();
   void PickShipScript();
   void ShipNameChanged();
 
   // --- lists of ships: ShipLists.cpp ---
+
+  /// ListShips, then ScanEnabledShips.
   void RefreshShipLists();
+
+  /// Fills lstEnabled and lstDisabled, and reads all file lists anew. Changes no file. A plug-in
+  /// whose ending has other letter case, "x.PY", is a ship like any other; a ship with several
+  /// such files stands in a list once.
+  void ListShips();
   void FillShipList();
 
   // --- check of a ship's files: ShipChecker.cpp ---
+
+  /// The scripts of FileList3, bare file names, by the ships' names. Letter case counts but in the
+  /// ending.
+  std::unordered_map<Text, Text> ShipScripts() const;
+
+  /// Looks up what a ship script names, a bare file name; the critical errors are counted in
+  /// MissingFileCount. Changes no file.
+  std::vector<CheckedReference> CheckShipScript(const Text& fileName);
+
+  /// Reports on the script that is picked in FileList3.
   void CheckShipFiles();
+
+  /// Checks every ship of lstEnabled and disables those that fail.
   void ScanEnabledShips();
 
   // --- states of ships: ShipStates.cpp ---
+  // They work on what is selected in the two lists, and on the ship clicked last in the tree. A
+  // ship with both an enabled and a disabled plug-in is left as it is, in the lists that it stands
+  // in, and a warning names both files. A ship that can't be renamed for another reason stays where
+  // it is too, unless its plug-in has gone; the failure is noted.
+
   void DisableShips();
+
+  /// Ends in a scan of all enabled ships.
   void EnableShips();
+
+  /// Asks first. A file that can't be deleted ends it, and is noted.
   void DeleteShips();
 
   // --- Quick Battle menus: QBMenus.cpp ---
@@ -149,7 +186,26 @@ class frmGameTools : public Form {
   void lblPlaySound_Click();
 
  private:
+  // Ships
+  Text PluginPath(const Text& ship, TextView ending) const;
+  Text ScriptPath(const Text& fileName) const;
+  bool WriteShipPlugin();
+  bool ScriptIsListed(const Text& ship) const;
+  bool MakeShipScript(const Text& ship);
+  void ScanShip(std::size_t row, const Text& script);
+  void SelectShipOfTree();
+  std::vector<int> OpenMenus() const;
+  std::vector<int> TakeOutOfTree(const Text& ship);
+  void ShowAnew(const std::vector<int>& menus);
+  bool RenamePlugin(const Text& ship, TextView from, TextView to);
+  void DisableShip(std::size_t row);
+  void EnableShip(std::size_t row);
+  void DeleteEnabledShips();
+  void DeleteFilesOf(const Text& ship, const std::vector<Text>& files);
+  void DeleteDisabledShips();
+
   Application& app_;
+  FileFacts<std::vector<ShipReference>> scripts_{app_, ShipReferences};
 };
 
 }  // namespace tarvo

@@ -35,7 +35,7 @@ void CopyFolders(Application& app, TextView source, TextView destination);
 FileText ReadFileText(Application& app, TextView path);
 
 /// ReadFileText for a routine that only looks: a missing file, or one of no bytes, is an empty text
-/// and stays as it is.
+/// and stays as it is. A file that can't be read to its end is noted.
 FileText LookAtFile(Application& app, const Text& path);
 
 /// Makes `text` the file's bytes, by atomic replacement. An empty text changes nothing. A failure

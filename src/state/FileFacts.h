@@ -11,7 +11,7 @@
 namespace tarvo {
 
 /// What a routine learns from the texts of files. A file is read once, and again only when its size
-/// or its time of change is another one.
+/// or its time of change is another one, or when it couldn't be read to its end, which is noted.
 template <class Facts>
 class FileFacts {
  public:
@@ -26,7 +26,9 @@ class FileFacts {
     Learnt& learnt = place->second;
     if (isNew || learnt.stamp != stamp) {
       learnt.stamp = stamp;
-      learnt.facts = learn_(stamp && stamp->Size > 0 ? ReadFileText(app_, path) : FileText());
+      const FileText text = LookAtFile(app_, path);
+      learnt.facts = learn_(text);
+      if (stamp && text.size() < stamp->Size) learnt.stamp.reset();
     }
     return learnt.facts;
   }

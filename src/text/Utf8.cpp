@@ -40,11 +40,17 @@ char32_t Decode(std::string_view bytes, std::size_t length) {
   return overlong || surrogate || value > 0x10FFFF ? kInvalid : value;
 }
 
-/// How many bytes at the start of `bytes` are ASCII.
+/// How many bytes or units at the start are ASCII.
 std::size_t AsciiLength(std::string_view bytes) {
   const auto end = std::find_if(bytes.begin(), bytes.end(),
                                 [](char byte) { return static_cast<signed char>(byte) < 0; });
   return static_cast<std::size_t>(end - bytes.begin());
+}
+
+std::size_t AsciiLength(TextView text) {
+  const auto end =
+      std::find_if(text.begin(), text.end(), [](char16_t unit) { return unit > 0x7F; });
+  return static_cast<std::size_t>(end - text.begin());
 }
 
 void AppendUtf16(Text& text, char32_t value) {
@@ -104,9 +110,11 @@ Text TextFromUtf8(std::string_view bytes) {
 }
 
 std::string Utf8FromText(TextView text) {
-  std::string bytes;
-  bytes.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
+  const std::size_t plain = AsciiLength(text);
+  std::string bytes(plain, '\0');
+  std::transform(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(plain), bytes.begin(),
+                 [](char16_t unit) { return static_cast<char>(unit); });
+  for (std::size_t i = plain; i < text.size(); ++i) {
     const char16_t unit = text[i];
     if (IsHighSurrogate(unit) && i + 1 < text.size() && IsLowSurrogate(text[i + 1])) {
       AppendUtf8(bytes, 0x10000 + ((char32_t{unit} - 0xD800) << 10) + (text[i + 1] - 0xDC00));

@@ -38,6 +38,14 @@ std::optional<HostParts> SplitGamePath(TextView path) {
   return parts;
 }
 
+std::optional<std::string> SpelledHostPath(TextView path) {
+  const std::optional<TextView> rest = BehindDrive(path);
+  if (!rest || rest->empty() || path.find(u'\0') != TextView::npos) return std::nullopt;
+  std::string host = Utf8FromText(*rest);
+  std::replace(host.begin(), host.end(), '\\', '/');
+  return host;
+}
+
 Text GamePathOf(std::string_view hostPath) {
   if (hostPath.find('\\') != std::string_view::npos) return {};
   Text path = u"Z:" + TextFromUtf8(hostPath);

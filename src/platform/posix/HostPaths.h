@@ -22,6 +22,10 @@ struct HostParts {
 /// with a NUL in it. A slash separates as a backslash does.
 std::optional<HostParts> SplitGamePath(TextView path);
 
+/// The path of the host with every name as spelled; nothing where SplitGamePath gives nothing, or
+/// no name.
+std::optional<std::string> SpelledHostPath(TextView path);
+
 /// "/games/bc" as "Z:\games\bc". Empty when a name in it holds a backslash, which a game path
 /// can't tell.
 Text GamePathOf(std::string_view hostPath);

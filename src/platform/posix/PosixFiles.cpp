@@ -63,8 +63,20 @@ std::string PosixFiles::HostPath(TextView path) {
   return state_->names.Resolve("/", parts->Names);
 }
 
+/// What stands at a path, links followed; false when there is nothing. Most paths are spelled as
+/// the disk spells them, so that is tried before any name is looked up.
+bool PosixFiles::StateOf(TextView path, struct stat& state) {
+  const std::optional<std::string> spelled = SpelledHostPath(path);
+  if (spelled && stat(spelled->c_str(), &state) == 0) return true;
+  const std::string host = HostPath(path);
+  return !host.empty() && stat(host.c_str(), &state) == 0;
+}
+
 /// The host's path of a file. What ends in a separator keeps it, so that the system refuses files.
 std::string PosixFiles::FilePath(TextView operation, TextView path) {
+  struct stat state;
+  std::optional<std::string> spelled = SpelledHostPath(path);
+  if (spelled && lstat(spelled->c_str(), &state) == 0) return std::move(*spelled);
   const std::optional<HostParts> parts = SplitGamePath(path);
   if (!parts) Fail(operation, path, ENOENT);
   const std::string host = state_->names.Resolve("/", parts->Names);
@@ -79,22 +91,18 @@ std::string PosixFiles::FolderPath(TextView operation, TextView path) {
 
 bool PosixFiles::FileExists(TextView path) {
   struct stat state;
-  const std::optional<HostParts> parts = SplitGamePath(path);
-  if (!parts || parts->EndsInSeparator) return false;
-  const std::string host = state_->names.Resolve("/", parts->Names);
-  return stat(host.c_str(), &state) == 0 && S_ISREG(state.st_mode);
+  const bool endsInSeparator = !path.empty() && (path.back() == u'\\' || path.back() == u'/');
+  return !endsInSeparator && StateOf(path, state) && S_ISREG(state.st_mode);
 }
 
 bool PosixFiles::FolderExists(TextView path) {
   struct stat state;
-  const std::string host = HostPath(path);
-  return !host.empty() && stat(host.c_str(), &state) == 0 && S_ISDIR(state.st_mode);
+  return StateOf(path, state) && S_ISDIR(state.st_mode);
 }
 
 std::optional<FileStamp> PosixFiles::Stamp(TextView path) {
   struct stat state;
-  const std::string host = HostPath(path);
-  if (host.empty() || stat(host.c_str(), &state) != 0 || !S_ISREG(state.st_mode)) return {};
+  if (!StateOf(path, state) || !S_ISREG(state.st_mode)) return {};
   constexpr std::int64_t kNanoseconds = 1'000'000'000;
   return FileStamp{static_cast<std::uint64_t>(state.st_size),
                    state.st_ctim.tv_sec * kNanoseconds + state.st_ctim.tv_nsec};

@@ -20,6 +20,7 @@ class PosixFiles : public Files {
   /// and as spelled where it doesn't exist. Empty for a path that can't lead anywhere, such as one
   /// on another drive.
   std::string HostPath(TextView path);
+  bool StateOf(TextView path, struct stat& state);
 
   bool FileExists(TextView path) override;
   bool FolderExists(TextView path) override;

@@ -1,0 +1,93 @@
+#include "gametools/frmGameTools.h"
+#include "platform/Sound.h"
+#include "ships/ShipFiles.h"
+#include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
+
+namespace tarvo {
+namespace {
+
+/// A scan takes whole scripts at a time: no bar shows in between.
+constexpr std::uint32_t kScanChunk = 1 << 20;
+
+FileAnswer Ask(Application& app, TextView path) {
+  const TextView words = CheckFile(app, path);
+  return {words, words == kFileOk};
+}
+
+}  // namespace
+
+std::unordered_map<Text, Text> frmGameTools::ShipScripts() const {
+  std::unordered_map<Text, Text> scripts;
+  for (std::size_t row = 0; row < FileList3.Count(); ++row) {
+    const Text& file = FileList3.Item(row);
+    Text ship = ShipOfFile(file, kEnabledEnding);
+    if (!ship.empty()) scripts.try_emplace(std::move(ship), file);
+  }
+  return scripts;
+}
+
+std::vector<CheckedReference> frmGameTools::CheckShipScript(const Text& fileName) {
+  app_.State.MissingFileCount = 0;
+  std::vector<CheckedReference> checked;
+  for (const ShipReference& reference : scripts_.Of(ScriptPath(fileName))) {
+    const Text path = app_.State.GamePath + reference.Path;
+    CheckedReference& file = checked.emplace_back();
+    file.Reference = reference;
+    file.File = Ask(app_, path);
+    if (!reference.IsScript || file.File.Found) continue;
+    file.Compiled = Ask(app_, path + u"c");
+    --app_.State.MissingFileCount;
+  }
+  return checked;
+}
+
+void frmGameTools::CheckShipFiles() {
+  if (FileList3.ListIndex() < 0) return;
+  PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
+  const auto row = static_cast<std::size_t>(FileList3.ListIndex());
+  const std::vector<CheckedReference> checked = CheckShipScript(FileList3.Item(row));
+  txtFileDisplay.SetText(CheckReport(app_.State.GamePath, checked));
+  txtErrorDisplay.SetText(CheckVerdict(app_.State.MissingFileCount));
+}
+
+void frmGameTools::ScanEnabledShips() {
+  if (lstEnabled.Count() == 0) return;
+  const bool soundFX = app_.State.SoundFX;
+  const std::uint32_t chunk = app_.State.ReadChunkSize;
+  app_.State.SoundFX = false;
+  app_.State.ReadChunkSize = kScanChunk;
+  const auto scripts = ShipScripts();
+  for (std::size_t row = lstEnabled.Count(); row-- > 0;) {
+    // A ship picked in the tree goes along with one that fails, and the list may have ended here.
+    if (row >= lstEnabled.Count()) break;
+    const auto script = scripts.find(lstEnabled.Item(row));
+    ScanShip(row, script == scripts.end() ? Text() : script->second);
+  }
+  if (FileList3.ListIndex() >= 0) {
+    FileList3.SetSelected(static_cast<std::size_t>(FileList3.ListIndex()), false);
+  }
+  txtFileDisplay.SetText({});
+  txtErrorDisplay.SetText({});
+  app_.State.ReadChunkSize = chunk;
+  app_.State.SoundFX = soundFX;
+}
+
+/// Checks the ship in that row of lstEnabled, and disables it if it fails. `script` is the bare
+/// name of its script, empty for none.
+void frmGameTools::ScanShip(std::size_t row, const Text& script) {
+  const Text ship = lstEnabled.Item(row);
+  if (script.empty()) {
+    app_.dialogue.PacMsg(u"Ship " + ship + u" is not found!!! Please Reinstall this Ship!",
+                         Title::Critical);
+  } else {
+    CheckShipScript(script);
+    if (app_.State.MissingFileCount <= 0) return;
+    app_.dialogue.PacMsg(u"Ship " + ship + u" has Problems with it, Please use the File Checker!",
+                         Title::Warning);
+  }
+  lstEnabled.SetSelected(row, true);
+  DisableShips();
+}
+
+}  // namespace tarvo

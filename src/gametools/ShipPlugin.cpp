@@ -1,0 +1,134 @@
+#include "ships/ShipPlugin.h"
+
+#include "gametools/frmGameTools.h"
+#include "platform/Files.h"
+#include "platform/Locale.h"
+#include "platform/Sound.h"
+#include "ships/ShipFiles.h"
+#include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
+
+namespace tarvo {
+namespace {
+
+constexpr TextView kNoMenu = u"Select QB Menu!";
+constexpr std::size_t kBuiltInMenus = 8;
+
+}  // namespace
+
+Text frmGameTools::PluginPath(const Text& ship, TextView ending) const {
+  return app_.State.GamePath + u"\\scripts\\Custom\\Ships\\" + ship + Text(ending);
+}
+
+Text frmGameTools::ScriptPath(const Text& fileName) const {
+  return app_.State.GamePath + u"\\scripts\\ships\\" + fileName;
+}
+
+void frmGameTools::MakeShipPlugin() {
+  PlayEffect(app_, u"CommandBeep.wav", kPlayUnlessBusy);
+  if (cboSpecies.Text() == kNoMenu) {
+    app_.dialogue.PacMsg(u"You Did not Select a Race!!!", Title::Critical);
+    return;
+  }
+  const Text ship = cboShipName.Text();
+  if (ship.empty()) {
+    app_.dialogue.PacMsg(u"You Did not Enter a Ship Name!!!", Title::Critical);
+    return;
+  }
+  if (!WriteShipPlugin()) return;
+  if (!ScriptIsListed(ship) && !MakeShipScript(ship)) return;
+  if (!QuietMake) {
+    app_.dialogue.PacMsg(u"Your Ship has been added to the Game!!!", Title::Information);
+  }
+  QuietMake = false;
+  cboSpecies.SetText(Text(kNoMenu));
+  cboShipName.SetText({});
+  txtIconName.SetText({});
+  txtModName.SetText({});
+  txtComments.SetText({});
+  txtVersion.SetText(u"1.0");
+}
+
+/// Writes the plug-in from the fields; cboSpecies then shows its race word. False, and noted, with
+/// the fields as they were, when it can't be written.
+bool frmGameTools::WriteShipPlugin() {
+  const ShipPlugin plugin{cboShipName.Text(), txtIconName.Text(), MenuInPlugin(cboSpecies.Text()),
+                          txtModName.Text(),  txtAuthor.Text(),   txtVersion.Text(),
+                          txtSources.Text(),  txtComments.Text()};
+  std::vector<Text> customMenus;
+  for (std::size_t row = kBuiltInMenus; row < cboSpecies.Count(); ++row) {
+    customMenus.push_back(cboSpecies.Item(row));
+  }
+  const Text raceWord = RaceWord(plugin.Menu, CustomMenuChosen, customMenus);
+  const bool written = NotingFailures(app_, [&] {
+    const auto file = app_.machine.files.Replace(PluginPath(plugin.Ship, kEnabledEnding));
+    file->Write(ShipPluginText(plugin, raceWord, app_.machine.locale.ShortDate()));
+    file->Commit();
+  });
+  if (!written) return false;
+  CustomMenuChosen = false;
+  cboSpecies.SetText(raceWord);
+  return true;
+}
+
+bool frmGameTools::ScriptIsListed(const Text& ship) const {
+  for (std::size_t row = 0; row < FileList2.Count(); ++row) {
+    if (ShipOfFile(FileList2.Item(row), kEnabledEnding) == ship) return true;
+  }
+  return false;
+}
+
+/// Makes a ship script of the template, if the user wants one. False when none came of it.
+bool frmGameTools::MakeShipScript(const Text& ship) {
+  Dialogue& dialogue = app_.dialogue;
+  const Text file = ship + Text(kEnabledEnding);
+  const Text path = ScriptPath(file);
+  dialogue.PacMsg(file + u" file does not exist for this Ship Name!", Title::Warning);
+  dialogue.PacMsg(u"If ALL Required files exist you can Create one!", Title::Warning);
+  PlayEffect(app_, u"Question.wav", kPlay);
+  if (dialogue.PacInput(u"Would you like to Attempt to Create one???", Title::Question) == u"No") {
+    return false;
+  }
+  if (app_.machine.files.FileExists(path)) {
+    dialogue.PacMsg(path + u" has come up since, and stays as it is!", Title::Warning);
+  } else {
+    const Text source = app_.ProgramFolder + u"\\Backup\\Galaxy.py";
+    const FileText pattern = LookAtFile(app_, source);
+    if (pattern.empty()) {
+      NoteFailure(app_, PlatformError(u"read", source, kNoSuchFile));
+      return false;
+    }
+    WriteFileText(app_, path, ShipScriptText(pattern, ship));
+    if (!app_.machine.files.FileExists(path)) return false;
+    dialogue.PacMsg(file + u" has been created... Checking File Structures...", Title::Information);
+  }
+  lblMenus_Click();
+  return true;
+}
+
+void frmGameTools::PickShipScript() {
+  PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
+  if (FileList2.ListIndex() < 0) return;
+  const Text& file = FileList2.Item(static_cast<std::size_t>(FileList2.ListIndex()));
+  cboShipName.SetText(Showable(file.substr(0, file.size() - kEnabledEnding.size())));
+}
+
+void frmGameTools::ShipNameChanged() {
+  txtIconName.SetText(cboShipName.Text());
+  txtModName.SetText(cboShipName.Text());
+}
+
+void frmGameTools::LoadShipPlugin() {
+  PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
+  const ShipPlugin plugin =
+      ReadShipPlugin(LookAtFile(app_, PluginPath(cboShipName.Text(), kEnabledEnding)));
+  txtIconName.SetText(plugin.Icon);
+  cboSpecies.SetText(plugin.Menu.empty() ? Text(kNoMenu) : MenuOnScreen(plugin.Menu));
+  txtModName.SetText(plugin.ModName);
+  txtAuthor.SetText(plugin.Author);
+  txtVersion.SetText(plugin.Version);
+  txtSources.SetText(plugin.Sources);
+  txtComments.SetText(plugin.Comments);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,3 @@
+"""Stands in for the numbers of the ships' kinds."""
+
+GALAXY = 1
