@@ -1,0 +1,28 @@
+#include "quickbattle/QBMenus.h"
+
+#include "quickbattle/FieldReader.h"
+#include "text/CodePage.h"
+
+namespace tarvo {
+
+Text QBMenuSearchText(TextView caption) {
+  if (caption == u"Federation Ships") return u"Fed Ships";
+  if (caption == u"Cardassian Ships") return u"Card Ships";
+  return Text(caption);
+}
+
+bool PluginIsInMenu(FileTextView plugin, TextView caption) {
+  const FileText search = FileTextFromText(QBMenuSearchText(caption));
+  return !search.empty() && plugin.find(search) != FileTextView::npos;
+}
+
+bool GroupLineHolds(FileTextView plugin, TextView menuName) {
+  FieldReader fields(plugin);
+  while (const auto field = fields.Next()) {
+    if (!field->starts_with("menuGroup")) continue;
+    return field->find(FileTextFromText(menuName)) != FileTextView::npos;
+  }
+  return false;
+}
+
+}  // namespace tarvo
