@@ -85,11 +85,16 @@ FileText ReadFileText(Application& app, TextView path) {
   const bool hasBar = HasReadBar(app);
   bool opened = false;
   const bool done = Guarded([&] {
-    if (!hasBar && !files.FileExists(path)) files.MakeEmptyFile(path);
-    const auto file = files.Open(path);
-    opened = true;
-    ReadProgress progress(app, file->Size());
-    while (ReadChunk(*file, std::max(1u, app.State.ReadChunkSize), text)) progress.Advance();
+    try {
+      if (!hasBar && !files.FileExists(path)) files.MakeEmptyFile(path);
+      const auto file = files.Open(path);
+      opened = true;
+      ReadProgress progress(app, file->Size());
+      while (ReadChunk(*file, std::max(1u, app.State.ReadChunkSize), text)) progress.Advance();
+    } catch (const PlatformError& error) {
+      if (error.Code != kNoSuchFile) NoteFailure(app, error);
+      throw;
+    }
   });
   if (!done && opened && text.empty()) {
     Guarded([&] {
@@ -136,6 +141,22 @@ void NoteFailure(Application& app, const PlatformError& error) {
 
 void NoteFailure(Application& app, const RaisedError& error) {
   Note(app, {error.Description, false});
+}
+
+void NoteDatabaseFailure(Application& app, const Text& path, const RaisedError& error) {
+  Text words = error.Description;
+  std::erase(words, u'\r');
+  std::replace(words.begin(), words.end(), u'\n', u' ');
+  if (error.Source == u"helper_CopyFile") return Note(app, {words, true});
+  try {
+    // The library's error doesn't tell whether it was the disk that failed.
+    const auto file = app.machine.files.Open(path);
+    FileText first(1, '\0');
+    file->ReadAt(0, std::span(first));
+  } catch (const PlatformError& refused) {
+    return NoteFailure(app, refused);
+  }
+  Note(app, {path + u": " + words, false});
 }
 
 Text helper_TrimNull(TextView text) {

@@ -29,9 +29,9 @@ void ClearReadOnly(Application& app, TextView path);
 void CopyFolders(Application& app, TextView source, TextView destination);
 
 /// Gives the whole file, and drives the progress bar of CurrentScreen in steps of ReadChunkSize.
-/// Silent on every failure: what was read until then is the result. A missing file gives an empty
-/// text; where CurrentScreen has no bar it then exists, with no bytes, and where there is a bar a
-/// file of no bytes is deleted.
+/// A failure ends it with what was read until then; one other than a missing file is noted. A
+/// missing file gives an empty text; where CurrentScreen has no bar it then exists, with no bytes,
+/// and where there is a bar a file of no bytes is deleted.
 FileText ReadFileText(Application& app, TextView path);
 
 /// ReadFileText for a routine that only looks: a missing file, or one of no bytes, is an empty text
@@ -55,6 +55,9 @@ void PlayEffect(Application& app, TextView name, unsigned flags);
 /// there are.
 void NoteFailure(Application& app, const PlatformError& error);
 void NoteFailure(Application& app, const RaisedError& error);
+
+/// The same for a text database: the file couldn't be read or written, or isn't in order.
+void NoteDatabaseFailure(Application& app, const Text& path, const RaisedError& error);
 
 /// Runs one step of a command; a raised error or a failure of the platform ends it and is noted.
 /// Gives true when the step ran to its end.
