@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "controls/Button.h"
@@ -14,9 +17,14 @@
 #include "controls/Shape.h"
 #include "controls/TextBox.h"
 #include "controls/Timer.h"
+#include "platform/Files.h"
+#include "sounds/WeaponNames.h"
 #include "state/Application.h"
+#include "state/FileFacts.h"
 
 namespace tarvo {
+
+class TGLFile;
 
 /// The screen that works on what is installed in the game: ship plug-ins, sound plug-ins, the
 /// Quick Battle menus with their ships, and the check of a ship's files.
@@ -150,6 +158,25 @@ class frmGameTools : public Form {
 
  private:
   Application& app_;
+
+  // --- menus and sounds ---
+  void BeginCommand(TextView status);
+  Text SpeciesPath() const;
+  Text QuickBattlePath() const;
+  void ReadCustomMenus();
+  bool LoadMenus(TGLFile& file);
+  bool SaveMenus(TGLFile& file);
+  bool AddMenuStrings(const Text& name);
+  void RemoveMenus(TGLFile& species, TGLFile& quickBattle);
+  bool RemoveSelectedMenus(TGLFile& species, TGLFile& quickBattle);
+  bool ShowFolder(FileListBox& list, TextView folder, TextView pattern);
+  void ScanHardpoints();
+  Text SoundPluginPath() const;
+
+  std::optional<FileStamp> speciesStamp_;  ///< Of the file that customMenus_ was read from.
+  std::vector<Text> customMenus_;
+  FileFacts<FileText> pluginTexts_{app_, [](const FileText& text) { return text; }};
+  FileFacts<std::vector<Text>> weaponNames_{app_, WeaponNames};
 };
 
 }  // namespace tarvo
