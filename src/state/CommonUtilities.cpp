@@ -37,9 +37,15 @@ bool ReadChunk(FileReader& file, std::uint32_t chunkSize, FileText& text) {
   const std::size_t before = text.size();
   const std::uint64_t left = file.Size() - std::min<std::uint64_t>(file.Size(), before);
   const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(chunkSize, left));
-  FileText block(wanted, '\0');
-  const std::size_t got = file.ReadAt(before, std::span(block));
-  text.append(block, 0, got);
+  text.resize(before + wanted);
+  std::size_t got = 0;
+  try {
+    got = file.ReadAt(before, std::span(text).subspan(before));
+  } catch (const PlatformError&) {
+    text.resize(before);
+    throw;
+  }
+  text.resize(before + got);
   return got > 0;
 }
 
@@ -49,6 +55,32 @@ void Note(Application& app, Failure failure) {
   const std::size_t more = app.Failures.size() - 1;
   if (more > 0) line += u" (and " + TextFromUtf8(std::to_string(more)) + u" more)";
   app.shell->ShowStatus(line);
+}
+
+/// ReadFileText; `failure` becomes what the machine ended it with.
+FileText ReadWhatCanBe(Application& app, TextView path, std::optional<PlatformError>& failure) {
+  Files& files = app.machine.files;
+  FileText text;
+  const bool hasBar = HasReadBar(app);
+  bool opened = false;
+  const bool done = Guarded([&] {
+    try {
+      if (!hasBar && !files.FileExists(path)) files.MakeEmptyFile(path);
+      const auto file = files.Open(path);
+      opened = true;
+      ReadProgress progress(app, file->Size());
+      while (ReadChunk(*file, std::max(1u, app.State.ReadChunkSize), text)) progress.Advance();
+    } catch (const PlatformError& error) {
+      failure = error;
+      throw;
+    }
+  });
+  if (!done && opened && text.empty()) {
+    Guarded([&] {
+      if (files.FileSize(path) == 0) files.Remove(path);
+    });
+  }
+  return text;
 }
 
 }  // namespace
@@ -80,33 +112,17 @@ void CopyFolders(Application& app, TextView source, TextView destination) {
 }
 
 FileText ReadFileText(Application& app, TextView path) {
-  Files& files = app.machine.files;
-  FileText text;
-  const bool hasBar = HasReadBar(app);
-  bool opened = false;
-  const bool done = Guarded([&] {
-    try {
-      if (!hasBar && !files.FileExists(path)) files.MakeEmptyFile(path);
-      const auto file = files.Open(path);
-      opened = true;
-      ReadProgress progress(app, file->Size());
-      while (ReadChunk(*file, std::max(1u, app.State.ReadChunkSize), text)) progress.Advance();
-    } catch (const PlatformError& error) {
-      if (error.Code != kNoSuchFile) NoteFailure(app, error);
-      throw;
-    }
-  });
-  if (!done && opened && text.empty()) {
-    Guarded([&] {
-      if (files.FileSize(path) == 0) files.Remove(path);
-    });
-  }
-  return text;
+  std::optional<PlatformError> dropped;
+  return ReadWhatCanBe(app, path, dropped);
 }
 
 FileText LookAtFile(Application& app, const Text& path) {
   const auto stamp = app.machine.files.Stamp(path);
-  return stamp && stamp->Size > 0 ? ReadFileText(app, path) : FileText();
+  if (!stamp || stamp->Size == 0) return {};
+  std::optional<PlatformError> failure;
+  FileText text = ReadWhatCanBe(app, path, failure);
+  if (failure) NoteFailure(app, *failure);
+  return text;
 }
 
 void WriteFileText(Application& app, TextView path, FileTextView text) {

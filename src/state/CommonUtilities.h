@@ -29,13 +29,13 @@ void ClearReadOnly(Application& app, TextView path);
 void CopyFolders(Application& app, TextView source, TextView destination);
 
 /// Gives the whole file, and drives the progress bar of CurrentScreen in steps of ReadChunkSize.
-/// A failure ends it with what was read until then; one other than a missing file is noted. A
-/// missing file gives an empty text; where CurrentScreen has no bar it then exists, with no bytes,
-/// and where there is a bar a file of no bytes is deleted.
+/// Silent on every failure: what was read until then is the result. A missing file gives an empty
+/// text; where CurrentScreen has no bar it then exists, with no bytes, and where there is a bar a
+/// file of no bytes is deleted.
 FileText ReadFileText(Application& app, TextView path);
 
 /// ReadFileText for a routine that only looks: a missing file, or one of no bytes, is an empty text
-/// and stays as it is.
+/// and stays as it is. A file that can't be read to its end is noted.
 FileText LookAtFile(Application& app, const Text& path);
 
 /// Makes `text` the file's bytes, by atomic replacement. An empty text changes nothing. A failure

@@ -11,7 +11,7 @@
 namespace tarvo {
 
 /// What a routine learns from the texts of files. A file is read once, and again only when its size
-/// or its time of change is another one, or when it couldn't be read to its end.
+/// or its time of change is another one, or when it couldn't be read to its end, which is noted.
 template <class Facts>
 class FileFacts {
  public:
@@ -25,9 +25,10 @@ class FileFacts {
     const auto [place, isNew] = learnt_.try_emplace(path);
     Learnt& learnt = place->second;
     if (isNew || learnt.stamp != stamp) {
-      const FileText text = stamp && stamp->Size > 0 ? ReadFileText(app_, path) : FileText();
-      learnt.stamp = stamp && text.size() < stamp->Size ? std::nullopt : stamp;
+      learnt.stamp = stamp;
+      const FileText text = LookAtFile(app_, path);
       learnt.facts = learn_(text);
+      if (stamp && text.size() < stamp->Size) learnt.stamp.reset();
     }
     return learnt.facts;
   }

@@ -94,17 +94,17 @@ TEST_F(Utilities, ReadFailureGivesWhatWasReadAndDeletesNothing) {
   EXPECT_EQ(machine.Bytes(path), "");
 }
 
-TEST_F(Utilities, ReadFailureIsNotedUnlessTheFileIsMissing) {
+TEST_F(Utilities, LookingNotesAFileThatCantBeReadToItsEnd) {
   app.State.CurrentScreen = u"Game Tools";
-  ReadFileText(app, path);
+  LookAtFile(app, path);
   machine.WriteFile(path, "");
-  ReadFileText(app, path);
+  LookAtFile(app, path);
   EXPECT_TRUE(app.Failures.empty());
   machine.WriteFile(path, "text");
   machine.files.Fail(FileStep::Open, 1, EACCES);
-  ReadFileText(app, path);
+  LookAtFile(app, path);
   machine.files.Fail(FileStep::Read, 1, EIO);
-  ReadFileText(app, path);
+  LookAtFile(app, path);
   ASSERT_EQ(app.Failures.size(), 2u);
   EXPECT_EQ(app.Failures[0].Words, u"Can't open " + path + u": Permission denied");
   EXPECT_TRUE(app.Failures[1].OnFile);
