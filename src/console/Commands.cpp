@@ -12,6 +12,14 @@ CLI::App* AddCommand(CLI::App& parser, Command& chosen, const char* name, const 
 void AddCommands(CLI::App& parser, Command& chosen) {
   parser.require_subcommand(1);
   AddPackageCommands(parser, chosen);
+  AddMenuCommands(parser, chosen);
+  AddSoundCommands(parser, chosen);
+}
+
+int FinishWithMessage(Session& session) {
+  const Text message = session.dialogue.ClosingMessage();
+  if (!message.empty()) session.output.Result({message}, Json(message));
+  return session.Finish(true);
 }
 
 }  // namespace tarvo

@@ -20,5 +20,10 @@ void AddCommands(CLI::App& parser, Command& chosen);
 
 /// The commands by what they work on.
 void AddPackageCommands(CLI::App& parser, Command& chosen);
+void AddMenuCommands(CLI::App& parser, Command& chosen);
+void AddSoundCommands(CLI::App& parser, Command& chosen);
+
+/// Ends a command whose result is its closing message.
+int FinishWithMessage(Session& session);
 
 }  // namespace tarvo

@@ -9,12 +9,6 @@
 namespace tarvo {
 namespace {
 
-nlohmann::json JsonTexts(const std::vector<Text>& texts) {
-  auto array = nlohmann::json::array();
-  for (const Text& text : texts) array.push_back(Json(text));
-  return array;
-}
-
 Text PackagePath(const Session& session, const Text& name) {
   return session.app.ProgramFolder + u"\\Tarvos\\" + name + u".Tarvo";
 }
@@ -24,13 +18,6 @@ bool RequirePackage(Session& session, const Text& name) {
   if (session.app.machine.files.FileExists(PackagePath(session, name))) return true;
   session.dialogue.PacMsg(u"That is not a Valid Tarvo File Name!!!", Title::Critical);
   return false;
-}
-
-/// Ends a command whose result is its closing message.
-int FinishWithMessage(Session& session) {
-  const Text& message = session.dialogue.ClosingMessage();
-  if (!message.empty()) session.output.Result({message}, Json(message));
-  return session.Finish(true);
 }
 
 /// An entry as typed, in the form of a package: one backslash in front and between its parts.

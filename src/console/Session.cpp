@@ -17,6 +17,7 @@ Session::Session(SessionDoors doors, const SessionOptions& options, std::ostream
       showsProgress_(options.Terminal && !options.Quiet) {
   app.shell = this;
   app.State.GamePath = options.Game;
+  app.State.ReadChunkSize = 1 << 20;  // No bar is shown for the reading of one file.
   if (!options.Game.empty()) gameSource_ = u"option";
 }
 
