@@ -12,7 +12,7 @@
 
 namespace tarvo::bench {
 
-RunResult Run(const std::vector<std::string>& command) {
+RunResult Run(const std::vector<std::string>& command, const std::string& output) {
   std::vector<char*> arguments;
   for (const std::string& part : command) arguments.push_back(const_cast<char*>(part.c_str()));
   arguments.push_back(nullptr);
@@ -20,7 +20,8 @@ RunResult Run(const std::vector<std::string>& command) {
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+  posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, output.c_str(),
+                                   O_WRONLY | O_CREAT | O_TRUNC, 0666);
   const auto began = std::chrono::steady_clock::now();
   pid_t child = 0;
   const int failure =

@@ -10,9 +10,9 @@ struct RunResult {
   long PeakKib = 0;  ///< The most memory that the process held at a time.
 };
 
-/// Runs a program with its output dropped and waits for its end. Throws when it can't be started
-/// or its status isn't 0.
-RunResult Run(const std::vector<std::string>& command);
+/// Runs a program with its output dropped, or in the file `output`, and waits for its end. Throws
+/// when it can't be started or its status isn't 0.
+RunResult Run(const std::vector<std::string>& command, const std::string& output = "/dev/null");
 
 /// The middle value; of an even number the lower of the two.
 double Median(std::vector<double> values);

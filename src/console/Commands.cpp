@@ -15,6 +15,8 @@ void AddCommands(CLI::App& parser, Command& chosen) {
   AddShipTGLCommands(parser, chosen);
   AddTGLCommands(parser, chosen);
   AddShipCommands(parser, chosen);
+  AddMenuCommands(parser, chosen);
+  AddSoundCommands(parser, chosen);
 }
 
 }  // namespace tarvo

@@ -23,5 +23,7 @@ void AddPackageCommands(CLI::App& parser, Command& chosen);
 void AddShipTGLCommands(CLI::App& parser, Command& chosen);
 void AddTGLCommands(CLI::App& parser, Command& chosen);
 void AddShipCommands(CLI::App& parser, Command& chosen);
+void AddMenuCommands(CLI::App& parser, Command& chosen);
+void AddSoundCommands(CLI::App& parser, Command& chosen);
 
 }  // namespace tarvo

@@ -1,5 +1,7 @@
 #include "console/ConsoleDialogue.h"
 
+#include <utility>
+
 #include "text/LetterCase.h"
 #include "text/Utf8.h"
 
@@ -29,7 +31,7 @@ void ConsoleDialogue::Tell(TextView kind, TextView text, bool complaint) {
 void ConsoleDialogue::PacMsg(TextView text, Title title) {
   switch (title) {
     case Title::Information:
-      closingMessage_ = Text(text);
+      messages_.emplace_back(text);
       break;
     case Title::Question:
       Tell(u"Question", text, false);
@@ -72,6 +74,7 @@ Text ConsoleDialogue::PacInput(TextView text, Title title) {
 }
 
 Text ConsoleDialogue::PacAskText(TextView text, Title) {
+  if (nextLine_) return *std::exchange(nextLine_, std::nullopt);
   if (!answer_.empty()) return {};
   output_.Say(text);
   const auto line = readLine_();

@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "console/Output.h"
 #include "platform/Windows.h"
@@ -23,12 +24,17 @@ class ConsoleDialogue : public Dialogue, public Windows {
   Text PacAskText(TextView text, Title title) override;
   void PacSetButtons(TextView yesCaption, TextView noCaption) override;
 
+  /// The command line says what the user would type at the next question for a line of text.
+  void TypeNext(Text line) { nextLine_ = std::move(line); }
+
   void ShowMessage(TextView text, TextView caption, BoxIcon icon) override;
   bool OpenAddress(TextView) override { return false; }
   TwipSize ScreenSize() override { return {0, 0}; }
 
-  /// The last message of information; a command that has one as its result takes it from here.
-  const Text& ClosingMessage() const { return closingMessage_; }
+  /// The messages of information; a command that has the last one, or all, as its result takes it
+  /// from here.
+  const std::vector<Text>& Messages() const { return messages_; }
+  Text ClosingMessage() const { return messages_.empty() ? Text() : messages_.back(); }
 
   bool Complained() const { return complained_; }
 
@@ -38,8 +44,9 @@ class ConsoleDialogue : public Dialogue, public Windows {
   Output& output_;
   Text answer_;
   std::function<std::optional<std::string>()> readLine_;
+  std::optional<Text> nextLine_;
   Text captions_[2];
-  Text closingMessage_;
+  std::vector<Text> messages_;
   bool complained_ = false;
 };
 

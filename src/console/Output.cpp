@@ -40,4 +40,10 @@ nlohmann::json Json(TextView text) {
   return Utf8FromText(text);
 }
 
+nlohmann::json JsonTexts(const std::vector<Text>& texts) {
+  auto array = nlohmann::json::array();
+  for (const Text& text : texts) array.push_back(Json(text));
+  return array;
+}
+
 }  // namespace tarvo

@@ -2,6 +2,7 @@
 
 #include <iosfwd>
 #include <nlohmann/json.hpp>
+#include <vector>
 
 #include "text/Text.h"
 
@@ -44,5 +45,8 @@ class Output {
 
 /// A text as a JSON string.
 nlohmann::json Json(TextView text);
+
+/// Texts as a JSON array.
+nlohmann::json JsonTexts(const std::vector<Text>& texts);
 
 }  // namespace tarvo

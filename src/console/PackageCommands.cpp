@@ -9,12 +9,6 @@
 namespace tarvo {
 namespace {
 
-nlohmann::json JsonTexts(const std::vector<Text>& texts) {
-  auto array = nlohmann::json::array();
-  for (const Text& text : texts) array.push_back(Json(text));
-  return array;
-}
-
 Text PackagePath(const Session& session, const Text& name) {
   return session.app.ProgramFolder + u"\\Tarvos\\" + name + u".Tarvo";
 }

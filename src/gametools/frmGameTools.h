@@ -1,7 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "controls/Button.h"
@@ -15,11 +18,15 @@
 #include "controls/Shape.h"
 #include "controls/TextBox.h"
 #include "controls/Timer.h"
+#include "platform/Files.h"
 #include "ships/ShipCheck.h"
+#include "sounds/WeaponNames.h"
 #include "state/Application.h"
 #include "state/FileFacts.h"
 
 namespace tarvo {
+
+class TGLFile;
 
 /// The screen that works on what is installed in the game: ship plug-ins, sound plug-ins, the
 /// Quick Battle menus with their ships, and the check of a ship's files.
@@ -206,6 +213,25 @@ class frmGameTools : public Form {
 
   Application& app_;
   FileFacts<std::vector<ShipReference>> scripts_{app_, ShipReferences};
+
+  // --- menus and sounds ---
+  void BeginCommand(TextView status);
+  Text SpeciesPath() const;
+  Text QuickBattlePath() const;
+  void ReadCustomMenus();
+  bool LoadMenus(TGLFile& file);
+  bool SaveMenus(TGLFile& file);
+  bool AddMenuStrings(const Text& name);
+  void RemoveMenus(TGLFile& species, TGLFile& quickBattle);
+  bool RemoveSelectedMenus(TGLFile& species, TGLFile& quickBattle);
+  bool ShowFolder(FileListBox& list, TextView folder, TextView pattern);
+  void ScanHardpoints();
+  Text SoundPluginPath() const;
+
+  std::optional<FileStamp> speciesStamp_;  ///< Of the file that customMenus_ was read from.
+  std::vector<Text> customMenus_;
+  FileFacts<FileText> pluginTexts_{app_, [](const FileText& text) { return text; }};
+  FileFacts<std::vector<Text>> weaponNames_{app_, WeaponNames};
 };
 
 }  // namespace tarvo

@@ -1,5 +1,6 @@
 #include "quickbattle/QBMenus.h"
 
+#include "quickbattle/FieldReader.h"
 #include "text/CodePage.h"
 
 namespace tarvo {
@@ -13,6 +14,15 @@ Text QBMenuSearchText(TextView caption) {
 bool PluginIsInMenu(FileTextView plugin, TextView caption) {
   const FileText search = FileTextFromText(QBMenuSearchText(caption));
   return !search.empty() && plugin.find(search) != FileTextView::npos;
+}
+
+bool GroupLineHolds(FileTextView plugin, TextView menuName) {
+  FieldReader fields(plugin);
+  while (const auto field = fields.Next()) {
+    if (!field->starts_with("menuGroup")) continue;
+    return field->find(FileTextFromText(menuName)) != FileTextView::npos;
+  }
+  return false;
 }
 
 }  // namespace tarvo

@@ -1,14 +1,28 @@
 #pragma once
 
+#include <array>
+
 #include "text/Text.h"
 
 namespace tarvo {
 
-/// The name under which plug-ins know the menu of this caption.
+/// The Quick Battle menus of the game. A menu's index counts from 0: the built-in menus have 0 to
+/// 7, the custom ones follow in the order of their file.
+inline constexpr std::array<TextView, 8> kBuiltInQBMenus = {
+    u"Federation Ships", u"Klingon Ships", u"Romulan Ships", u"Ferengi Ships",
+    u"Cardassian Ships", u"Kessok Ships",  u"Other Ships",   u"Bases"};
+
+inline constexpr int kFirstCustomMenu = static_cast<int>(kBuiltInQBMenus.size());
+
+/// The text by which ship plug-ins name the menu of that caption.
 Text QBMenuSearchText(TextView caption);
 
-/// True when the plug-in's text names the menu anywhere, letter case told apart. A menu without a
-/// caption has no ships.
+/// True when the menu's search text occurs anywhere in the ship plug-in. A ship can be in several
+/// menus. No ship is in a menu without a caption.
 bool PluginIsInMenu(FileTextView plugin, TextView caption);
+
+/// True when the group line of the ship plug-in, its first field that begins with "menuGroup",
+/// holds `menuName`.
+bool GroupLineHolds(FileTextView plugin, TextView menuName);
 
 }  // namespace tarvo

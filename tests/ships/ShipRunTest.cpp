@@ -19,8 +19,8 @@ class ShipRun : public testing::Test {
   std::string Run(const std::string& kind, FileTextView script, const std::string& name) {
     folder.Put("script.py", script);
     const std::string command = "PYTHONDONTWRITEBYTECODE=1 PYTHONPATH=" TARVO_SOURCE
-                                "/tests/ships/python python3 " TARVO_SOURCE
-                                "/tests/ships/python/run.py " +
+                                "/tests/support/python python3 " TARVO_SOURCE
+                                "/tests/support/python/run.py " +
                                 kind + " '" + folder.Host("script.py") + "' " + name + " 2>&1";
     const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
     std::string all;

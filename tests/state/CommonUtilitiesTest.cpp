@@ -5,6 +5,7 @@
 #include "platform/Guarded.h"
 #include "platform/Sound.h"
 #include "state/CommonUtilities.h"
+#include "state/FileFacts.h"
 
 namespace tarvo::test {
 namespace {
@@ -91,6 +92,49 @@ TEST_F(Utilities, ReadFailureGivesWhatWasReadAndDeletesNothing) {
   machine.files.Fail(FileStep::Open, 1, EACCES);
   EXPECT_EQ(ReadFileText(app, path), "");
   EXPECT_EQ(machine.Bytes(path), "");
+}
+
+TEST_F(Utilities, LookingNotesAFileThatCantBeReadToItsEnd) {
+  app.State.CurrentScreen = u"Game Tools";
+  LookAtFile(app, path);
+  machine.WriteFile(path, "");
+  LookAtFile(app, path);
+  EXPECT_TRUE(app.Failures.empty());
+  machine.WriteFile(path, "text");
+  machine.files.Fail(FileStep::Open, 1, EACCES);
+  LookAtFile(app, path);
+  machine.files.Fail(FileStep::Read, 1, EIO);
+  LookAtFile(app, path);
+  ASSERT_EQ(app.Failures.size(), 2u);
+  EXPECT_EQ(app.Failures[0].Words, u"Can't open " + path + u": Permission denied");
+  EXPECT_TRUE(app.Failures[1].OnFile);
+}
+
+TEST_F(Utilities, FactsThatCouldntBeReadAreReadAgain) {
+  machine.WriteFile(path, "text");
+  FileFacts<std::size_t> lengths(app, [](const FileText& text) { return text.size(); });
+  machine.files.Fail(FileStep::Open, 1, EACCES);
+  EXPECT_EQ(lengths.Of(path), 0u);
+  EXPECT_EQ(lengths.Of(path), 4u);
+  const int opened = machine.files.Steps(FileStep::Open);
+  EXPECT_EQ(lengths.Of(path), 4u);
+  EXPECT_EQ(machine.files.Steps(FileStep::Open), opened);
+}
+
+TEST_F(Utilities, DatabaseFailureTellsTheDiskFromTheContent) {
+  machine.WriteFile(path, "no database");
+  const RaisedError refused(u"TGLFileRep.ReadFile", u"Not valid.\r\nReally");
+  NoteDatabaseFailure(app, path, refused);
+  machine.files.Fail(FileStep::Open, 1, EACCES);
+  NoteDatabaseFailure(app, path, refused);
+  NoteDatabaseFailure(app, path, {u"helper_CopyFile", u"Failed\r\nReason: Full"});
+  ASSERT_EQ(app.Failures.size(), 3u);
+  EXPECT_EQ(app.Failures[0].Words, path + u": Not valid. Really");
+  EXPECT_FALSE(app.Failures[0].OnFile);
+  EXPECT_EQ(app.Failures[1].Words, u"Can't open " + path + u": Permission denied");
+  EXPECT_TRUE(app.Failures[1].OnFile);
+  EXPECT_EQ(app.Failures[2].Words, u"Failed Reason: Full");
+  EXPECT_TRUE(app.Failures[2].OnFile);
 }
 
 TEST_F(Utilities, WriteFailureIsToldInABoxAndNoted) {

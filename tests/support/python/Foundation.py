@@ -61,3 +61,11 @@ class KessokShipDef(ShipDef):
 
 class StarBaseDef(ShipDef):
     pass
+
+
+sounds = []
+
+
+class SoundDef:
+    def __init__(self, file, name, volume=1.0):
+        sounds.append([file, name, volume])

@@ -1,0 +1,269 @@
+#include "quickbattle/QBMenus.h"
+
+#include <algorithm>
+#include <array>
+
+#include "gametools/frmGameTools.h"
+#include "platform/Guarded.h"
+#include "platform/Sound.h"
+#include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
+#include "text/CodePage.h"
+#include "text/LetterCase.h"
+#include "text/Paths.h"
+#include "tgl/TGLFile.h"
+
+namespace tarvo {
+namespace {
+
+constexpr TextView kStatus = u"Manage your Quick Battle menus...";
+
+/// Scripts in the folder of the ship plug-ins that are none.
+constexpr std::array<TextView, 4> kNoPlugins = {u"DamoclesModPack.py", u"__init__.py",
+                                                u"FTBLoader.py", u"Custom.py"};
+
+/// The ship of a plug-in: the file's name without every ".py" in it, the ending in any letter case.
+Text ShipOf(Text fileName) {
+  const std::size_t length = fileName.size() - std::min<std::size_t>(fileName.size(), 3);
+  if (EqualIgnoringCase(TextView(fileName).substr(length), u".py")) fileName.resize(length);
+  std::size_t at = 0;
+  while ((at = fileName.find(u".py", at)) != Text::npos) fileName.erase(at, 3);
+  return fileName;
+}
+
+void AddMenuString(TGLFile& file, const Text& name) {
+  file.Strings().Add(name, name, u"sfx/QuickBattle/" + name + u".mp3");
+}
+
+/// A file keeps names in its code page, so that is how a menu is found there. One that isn't there
+/// changes nothing.
+void RemoveMenuString(TGLStrings& strings, const Text& name) {
+  Guarded([&] { strings.Remove(TextFromFileText(FileTextFromText(name))); });
+}
+
+/// What a menu list shows is the Data, which may stand under another name.
+void RemoveMenusShownAs(TGLStrings& species, const Text& shown) {
+  for (std::int32_t place = species.Count(); place > 0; --place) {
+    if (species.Item(place)->Data == shown) species.Remove(place);
+  }
+}
+
+}  // namespace
+
+Text frmGameTools::SpeciesPath() const {
+  return app_.ProgramFolder + u"\\QBMenus\\Species.TGL";
+}
+
+Text frmGameTools::QuickBattlePath() const {
+  return JoinPath(app_.State.GamePath, u"\\data\\TGL\\QuickBattle\\QuickBattle.TGL");
+}
+
+/// Reads the names of the custom menus, unless the file is the one that they were read from.
+void frmGameTools::ReadCustomMenus() {
+  const auto stamp = app_.machine.files.Stamp(SpeciesPath());
+  if (stamp && stamp == speciesStamp_) return;
+  speciesStamp_.reset();
+  customMenus_.clear();
+  if (!stamp) return;
+  TGLFile species(app_.machine.files);
+  species.SetFilename(SpeciesPath());
+  try {
+    species.Load();
+  } catch (const RaisedError& error) {
+    NoteFailure(app_, error, SpeciesPath());
+    return;
+  }
+  for (const auto entry : species.Strings()) customMenus_.push_back(entry->Data);
+  speciesStamp_ = stamp;
+}
+
+Text frmGameTools::GetSpeciesName(int index) {
+  ReadCustomMenus();
+  if (index < 1 || static_cast<std::size_t>(index) > customMenus_.size()) return {};
+  return customMenus_[static_cast<std::size_t>(index) - 1];
+}
+
+void frmGameTools::LoadQBMenus() {
+  speciesStamp_.reset();
+  lstSpecies.Clear();
+  cboSpecies.Clear();
+  cboSpecies.SetText(u"Select QB Menu!");
+  for (const TextView menu : kBuiltInQBMenus) cboSpecies.Add(Text(menu));
+  for (int i = 1;; ++i) {
+    const Text name = GetSpeciesName(i);
+    if (name.empty()) break;
+    lstSpecies.Add(name);
+    cboSpecies.Add(name);
+  }
+}
+
+void frmGameTools::FindShipMenu(const Text& strShipName) {
+  const Text path =
+      JoinPath(app_.State.GamePath, u"\\scripts\\Custom\\Ships\\" + strShipName + u".py");
+  const FileText& plugin = pluginTexts_.Of(path);
+  for (int i = 0; i + 1 < MenuRowCount(); ++i) {
+    if (!PluginIsInMenu(plugin, MenuCaption(i))) continue;
+    SelectedMenu = static_cast<std::int16_t>(i);
+    return;
+  }
+}
+
+/// A plug-in that can't be read or written ends the walk; the failure is noted.
+void frmGameTools::MoveMenuShipsToOther(const Text& menuName) {
+  FileList4.Reload();
+  std::vector<Text> names;
+  for (std::size_t i = FileList4.Count(); i-- > 0;) names.push_back(FileList4.Item(i));
+  const std::size_t failures = app_.Failures.size();
+  for (const Text& name : names) {
+    if (app_.Failures.size() != failures) return;
+    if (std::find(kNoPlugins.begin(), kNoPlugins.end(), name) != kNoPlugins.end()) continue;
+    const FileText& plugin = pluginTexts_.Of(JoinPath(FileList4.Path(), name));
+    if (!GroupLineHolds(plugin, menuName)) continue;
+    cboSpecies.SetText(u"Other Ships");
+    cboShipName.SetText(ShipOf(name));
+    QuietMake = true;
+    MakeShipPlugin();
+    QuietMake = false;
+  }
+}
+
+void frmGameTools::cboSpecies_Click() {
+  PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
+  std::size_t row = 0;
+  while (row < cboSpecies.Count() && cboSpecies.Item(row) != cboSpecies.Text()) ++row;
+  if (row >= kFirstCustomMenu && row < cboSpecies.Count()) CustomMenuChosen = true;
+}
+
+/// False, and told, when there is a database that can't be loaded: it must not be replaced. One
+/// that is missing has no strings.
+bool frmGameTools::LoadMenus(TGLFile& file) {
+  if (!app_.machine.files.FileExists(file.Filename())) return true;
+  try {
+    file.Load();
+    return true;
+  } catch (const RaisedError& error) {
+    NoteFailure(app_, error, file.Filename());
+    app_.dialogue.PacMsg(u"Can't read File " + file.Filename() +
+                             u"!!!  This File is Corrupted, no QB Menu has been changed!",
+                         Title::Critical);
+    return false;
+  }
+}
+
+/// False, and told, when it can't be written; the old one stands then. A database that has no
+/// strings left is deleted, since there is no such file.
+bool frmGameTools::SaveMenus(TGLFile& file) {
+  const Text& path = file.Filename();
+  const bool stands = app_.machine.files.FileExists(path);
+  if (!stands && file.Strings().Count() == 0) return true;
+  ClearReadOnly(app_, path);
+  try {
+    if (file.Strings().Count() == 0) {
+      app_.machine.files.Remove(path);
+    } else {
+      file.Update(path, true);
+    }
+    return true;
+  } catch (const RaisedError& error) {
+    NoteFailure(app_, error, path);
+  } catch (const PlatformError& error) {
+    NoteFailure(app_, error);
+  }
+  app_.dialogue.PacMsg(u"Can't write to File " + path + u"!!!  The File is as it was before!",
+                       Title::Critical);
+  return false;
+}
+
+/// Puts a menu into both databases, the game's first.
+bool frmGameTools::AddMenuStrings(const Text& name) {
+  TGLFile species(app_.machine.files);
+  TGLFile quickBattle(app_.machine.files);
+  species.SetFilename(SpeciesPath());
+  quickBattle.SetFilename(QuickBattlePath());
+  if (!LoadMenus(species) || !LoadMenus(quickBattle)) return false;
+  AddMenuString(quickBattle, name);
+  AddMenuString(species, name);
+  return SaveMenus(quickBattle) && SaveMenus(species);
+}
+
+void frmGameTools::AddQBMenu() {
+  PlayEffect(app_, u"CommandBeep.wav", kPlayToEnd);
+  BeginCommand(kStatus);
+  PlayEffect(app_, u"Specify.wav", kPlay);
+  Text name = app_.dialogue.PacAskText(u"Enter New QB Menu Name...", Title::Information);
+  if (!name.empty()) {
+    CloseOpenMenus();
+    name += u" Ships";
+    if (AddMenuStrings(name)) {
+      lstSpecies.Add(name);
+      cboSpecies.Add(name);
+      app_.dialogue.PacMsg(u"The QB Species Menu has been Updated!", Title::Information);
+    }
+  }
+  cboSpecies.Refresh();
+  lstSpecies.Refresh();
+  RemoveCustomMenuRows();
+  BuildCustomMenuRows();
+}
+
+void frmGameTools::DeleteQBMenu() {
+  PlayEffect(app_, u"CommandBeep.wav", kPlayUnlessBusy);
+  BeginCommand(kStatus);
+  const int row = SelectedMenu - kFirstCustomMenu;
+  if (row < 0 || static_cast<std::size_t>(row) >= lstSpecies.Count()) {
+    app_.dialogue.PacMsg(
+        u"Please open a QB Menu of your own First!  The built-in Menus can't be Deleted!",
+        Title::Warning);
+    return;
+  }
+  CloseOpenMenus();
+  TGLFile species(app_.machine.files);
+  TGLFile quickBattle(app_.machine.files);
+  species.SetFilename(SpeciesPath());
+  quickBattle.SetFilename(QuickBattlePath());
+  if (!LoadMenus(species) || !LoadMenus(quickBattle)) return;
+  lstSpecies.SetSelected(static_cast<std::size_t>(row), true);
+  RemoveMenus(species, quickBattle);
+  RemoveCustomMenuRows();
+  BuildCustomMenuRows();
+}
+
+/// Takes the selected menus out of both loaded databases and moves their ships; false when not all
+/// ships could be moved.
+bool frmGameTools::RemoveSelectedMenus(TGLFile& species, TGLFile& quickBattle) {
+  const std::size_t failures = app_.Failures.size();
+  for (std::size_t i = lstSpecies.Count(); i-- > 0;) {
+    if (!lstSpecies.Selected(i)) continue;
+    const Text name = lstSpecies.Item(i);
+    RemoveMenuString(species.Strings(), name);
+    RemoveMenusShownAs(species.Strings(), name);
+    RemoveMenuString(quickBattle.Strings(), name);
+    MoveMenuShipsToOther(name);
+    lstSpecies.RemoveAt(i);
+  }
+  return app_.Failures.size() == failures;
+}
+
+/// On the disk the ships come first and the game's database last. The messages wait for the end:
+/// each tells what is done, and a failure was told where it happened.
+void frmGameTools::RemoveMenus(TGLFile& species, TGLFile& quickBattle) {
+  const bool moved = RemoveSelectedMenus(species, quickBattle);
+  const bool forgotten = SaveMenus(species);
+  LoadQBMenus();
+  const bool removed = forgotten && SaveMenus(quickBattle);
+  if (removed) {
+    app_.dialogue.PacMsg(u"The Selected QB Menu Items have been Removed from the Game!",
+                         Title::Information);
+  }
+  if (moved) {
+    app_.dialogue.PacMsg(
+        u"All ships that were under that Menu have been moved to the \"Other Ships\" Menu!",
+        Title::Information);
+  } else {
+    app_.dialogue.PacMsg(
+        u"Not all ships that were under that Menu could be moved to the \"Other Ships\" Menu!!!",
+        Title::Critical);
+  }
+}
+
+}  // namespace tarvo

@@ -1,0 +1,110 @@
+#include "sounds/SoundPlugin.h"
+
+#include <algorithm>
+
+#include "gametools/frmGameTools.h"
+#include "platform/Locale.h"
+#include "platform/Sound.h"
+#include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
+#include "state/Shell.h"
+#include "text/Paths.h"
+
+namespace tarvo {
+namespace {
+
+constexpr TextView kStatus = u"Create a New Sound Plugin...";
+
+bool HasItem(const ComboBox& box, const Text& item) {
+  for (std::size_t row = 0; row < box.Count(); ++row) {
+    if (box.Item(row) == item) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+/// What failed before belongs to another command.
+void frmGameTools::BeginCommand(TextView status) {
+  app_.Failures.clear();
+  app_.shell->ShowStatus(status);
+}
+
+Text frmGameTools::SoundPluginPath() const {
+  return JoinPath(app_.State.GamePath, u"\\scripts\\Custom\\Autoload\\" + cboSoundName.Text() +
+                                           Text(kSoundPluginEnding));
+}
+
+void frmGameTools::AddSoundEntry() {
+  PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
+  if (cboSoundName.Text().empty()) {
+    app_.dialogue.PacMsg(u"Please Specify a File Name First!", Title::Warning);
+    return;
+  }
+  if (lstWeapons.ListIndex() < 0 || FileListWavs.ListIndex() < 0) {
+    app_.dialogue.PacMsg(u"You did not Select a Weapon and Sound File!!!", Title::Warning);
+    return;
+  }
+  Text sound = lstWeapons.Item(static_cast<std::size_t>(lstWeapons.ListIndex()));
+  const Text wave = FileListWavs.Item(static_cast<std::size_t>(FileListWavs.ListIndex()));
+  if (!FitsOneLine(sound)) {
+    app_.dialogue.PacMsg(u"The Name of this Weapon doesn't fit on one Line of a Plugin!!!",
+                         Title::Warning);
+    return;
+  }
+  const bool isPhaser = sound.find(u"Phaser") != Text::npos;
+  if (isPhaser) {
+    app_.dialogue.PacSetButtons(u"Start", u"Loop");
+    PlayEffect(app_, u"Question.wav", kPlay);
+    const Text answer = app_.dialogue.PacInput(u"Choose Phaser Sound Type...", Title::Question);
+    sound += answer == u"Yes" ? u" Start" : u" Loop";
+  }
+  lstSoundInfo.Add(SoundEntry(wave, sound, SoundVolume, app_.machine.locale.DecimalMark()));
+  if (isPhaser && app_.State.PacHelper) {
+    app_.dialogue.PacMsg(u"OK!!! Adding Phaser Type!", Title::Information);
+  }
+}
+
+void frmGameTools::lblRemoveSound_Click() {
+  PlayEffect(app_, u"CommandBeep.wav", kPlayUnlessBusy);
+  if (lstSoundInfo.ListIndex() < 0) return;
+  lstSoundInfo.RemoveAt(static_cast<std::size_t>(lstSoundInfo.ListIndex()));
+}
+
+void frmGameTools::ReadSoundPlugin() {
+  PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
+  BeginCommand(kStatus);
+  lstSoundInfo.Clear();
+  for (Text& entry : SoundPluginEntries(LookAtFile(app_, SoundPluginPath()))) {
+    lstSoundInfo.Add(std::move(entry));
+  }
+}
+
+void frmGameTools::cboSoundName_Change() {
+  lstSoundInfo.Clear();
+}
+
+/// When the file can't be written the entries stay, so that the user can try again.
+void frmGameTools::MakeSoundPlugin() {
+  PlayEffect(app_, u"CommandBeep.wav", kPlayUnlessBusy);
+  BeginCommand(kStatus);
+  const Text name = cboSoundName.Text();
+  if (name.empty()) {
+    app_.dialogue.PacMsg(u"You did not specify a File Name!!!", Title::Warning);
+    return;
+  }
+  std::vector<Text> entries;
+  for (std::size_t row = 0; row < lstSoundInfo.Count(); ++row) {
+    entries.push_back(lstSoundInfo.Item(row));
+  }
+  WriteFileText(app_, SoundPluginPath(), SoundPluginText(entries, app_.machine.locale.ShortDate()));
+  if (!app_.Failures.empty()) return;
+  app_.dialogue.PacMsg(
+      u"Custom Sound Plugin " + name + Text(kSoundPluginEnding) + u" has been Created!!!",
+      Title::Information);
+  lstSoundInfo.Clear();
+  if (!HasItem(cboSoundName, name)) cboSoundName.Add(name);
+  cboSoundName.SetText({});
+}
+
+}  // namespace tarvo
