@@ -40,6 +40,10 @@ void frmMain::ShowMainMenu() {
   app_.Screen<frmMainMenu>().Visible = true;
 }
 
+void frmMain::SettleGame() {
+  StartUpSequence(app_);
+}
+
 void frmMain::WorkScreenClosed() {
   ShowStatus(u"Standing By...");
   if (auto* menu = app_.screens.Find<frmMainMenu>()) menu->TakeOver();

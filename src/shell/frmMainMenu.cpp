@@ -4,6 +4,7 @@
 #include <string>
 
 #include "controls/Palette.h"
+#include "gametools/frmGameTools.h"
 #include "packages/frmPackager.h"
 #include "platform/Clock.h"
 #include "platform/Sound.h"
@@ -35,9 +36,7 @@ void frmMainMenu::LayOut() {
   place(lblHelp, u"Help", palette::kViolet, 4680, 360);
   place(lblExit, u"Exit", palette::kViolet, 4680, 840);
   // Their screens don't exist yet.
-  for (Button* button : {&lblGameTools, &lblTGLTools, &lblOptions, &lblHelp}) {
-    button->Enabled = false;
-  }
+  for (Button* button : {&lblTGLTools, &lblOptions, &lblHelp}) button->Enabled = false;
   lblTitle.Caption = u"Main Menu";
   lblTitle.ForeColour = Colour{255, 192, 128};
   lblTitle.Font = {FontRole::Normal, 10};
@@ -71,6 +70,7 @@ void frmMainMenu::LayOutDecoration() {
 }
 
 void frmMainMenu::Connect() {
+  lblGameTools.OnClick = [this] { Open<frmGameTools>(lblGameTools, u"Game Tools"); };
   lblPackager.OnClick = [this] { Open<frmPackager>(lblPackager, u"Packager"); };
   lblExit.OnClick = [this] { Exit(); };
   Digits_Timer.OnTimer = [this] { ChangeDigits(); };
