@@ -16,8 +16,8 @@ namespace {
 constexpr int kRowPitch = 360;  ///< Twips: what a step of the wheel counts in.
 constexpr int kRowsANotch = 3;
 constexpr int kWheelNotch = 120;  ///< As Qt counts.
-constexpr int kGlyphMiddle = 12;  ///< Pixels from the left edge of a row's bar.
-constexpr int kShipsInset = 7;    ///< Pixels that the bars of ships are shorter to the left.
+constexpr int kGlyphMiddle = 11;  ///< Pixels from the left edge of a row's bar.
+constexpr int kShipsInset = 6;    ///< Pixels that the bars of ships are shorter to the left.
 
 using Area = RowPanel::Area;
 using Family = RowPanel::Family;

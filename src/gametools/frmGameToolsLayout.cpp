@@ -114,17 +114,17 @@ void frmGameTools::LayOutShipPlugin() {
 void frmGameTools::LayOutSoundPlugin() {
   AddLabel(fraSound, u"File Name", 150, 127, 900);
   Place(cboSoundName, u"File name of the sound plugin", 1050, 90, 5700);
-  AddLabel(fraSound, u"Weapons", 150, 555, 1800);
-  Place(lstWeapons, u"Weapons", 150, 855, 1800, 2475);
-  AddLabel(fraSound, u"Sound Files", 2070, 555, 1800);
-  Place(FileListWavs, u"Sound files", 2070, 855, 1800, 2070);
-  Place(lblPlaySound, u"Test Sound", palette::kBlue, 2070, 2985, 1800);
-  AddLabel(fraSound, u"Sounds of the Plugin", 3990, 555, 2760);
-  Place(lstSoundInfo, u"Sounds of the plugin", 3990, 855, 2760, 2070);
-  Place(lblAddSound, u"Add Sound", palette::kBlue, 3990, 2985, 1335);
-  Place(lblRemoveSound, u"Remove Item", palette::kBlue, 5415, 2985, 1335);
-  Place(lblMakeSoundPlugin, u"Make Plugin", palette::kOrange, 3990, kBottomRow, 1335);
-  Place(lblExit2, u"Exit", palette::kViolet, 5415, kBottomRow, 1335);
+  AddLabel(fraSound, u"Weapons", 150, 555, 1650);
+  Place(lstWeapons, u"Weapons", 150, 855, 1650, 2370);
+  AddLabel(fraSound, u"Sound Files", 1890, 555, 1650);
+  Place(FileListWavs, u"Sound files", 1890, 855, 1650, 1965);
+  Place(lblPlaySound, u"Test Sound", palette::kBlue, 1890, 2880, 1650);
+  AddLabel(fraSound, u"Sounds of the Plugin", 3630, 555, 3120);
+  Place(lstSoundInfo, u"Sounds of the plugin", 3630, 855, 3120, 1965);
+  Place(lblAddSound, u"Add Sound", palette::kBlue, 3630, 2880, 1515);
+  Place(lblRemoveSound, u"Remove Item", palette::kBlue, 5235, 2880, 1515);
+  Place(lblMakeSoundPlugin, u"Make Plugin", palette::kOrange, 3630, kBottomRow, 1515);
+  Place(lblExit2, u"Exit", palette::kViolet, 5235, kBottomRow, 1515);
 }
 
 /// The bar ends where the meter does at full volume.
@@ -134,7 +134,7 @@ void frmGameTools::LayOutVolume() {
   constexpr int kFull = 3000;
   constexpr int kStep = 277;
   const int empty = kFull - 10 * kStep;
-  AddLabel(fraSound, u"Volume ", empty, 3420, 1200);
+  AddLabel(fraSound, u"Volume ", empty, 3352, 1200);
   for (int i = 0; i < 10; ++i) {
     const Colour colour = i < 5 ? palette::kBlue : i < 8 ? palette::kViolet : palette::kOrange;
     PlaceBar(fraVolume[static_cast<std::size_t>(i)], colour, empty + i * kStep, kTop, kStep - 30,
@@ -148,9 +148,9 @@ void frmGameTools::LayOutVolume() {
   AddLabel(fraSound, u"0%", empty, 4110, 600);
   AddLabel(fraSound, u"50%", empty + 5 * kStep - 300, 4110, 600).Alignment = Label::Align::Centre;
   AddLabel(fraSound, u"100%", kFull - 630, 4110, 600).Alignment = Label::Align::Right;
-  PlaceArrow(imgButtonL, Button::Arrow::Left, u"Lower the volume", 3120, 345);
-  PlaceArrow(imgButtonR, Button::Arrow::Right, u"Raise the volume", 3525, 345);
-  for (Button* arrow : {&imgButtonL, &imgButtonR}) arrow->Top = kTop + 22;
+  PlaceArrow(imgButtonL, Button::Arrow::Left, u"Lower the volume", 2250, 345);
+  PlaceArrow(imgButtonR, Button::Arrow::Right, u"Raise the volume", 2625, 345);
+  for (Button* arrow : {&imgButtonL, &imgButtonR}) arrow->Top = 3315;
 }
 
 /// The enabled ships in their menus, the disabled ones in their list, and the commands that move
@@ -178,12 +178,13 @@ void frmGameTools::LayOutChecker() {
   AddLabel(fraIntegrity, u"Choose a Ship to Test for Missing Files!", 150, 90, 6600).Font = {
       FontRole::Normal, 9};
   Place(FileList3, u"Ship scripts", 150, 405, 2100, 3330);
-  Place(txtFileDisplay, u"Files of the ship", 2370, 405, 4380, 2295);
-  Place(txtErrorDisplay, u"Possible problems", 2370, 2790, 4380, 945);
+  Place(txtFileDisplay, u"Files of the ship", 2370, 405, 4380, 2070);
+  Place(txtErrorDisplay, u"Possible problems", 2370, 2565, 4380, 1170);
   for (TextBox* report : {&txtFileDisplay, &txtErrorDisplay}) {
     report->MultiLine = true;
     report->ReadOnly = true;
   }
+  txtFileDisplay.BreakAnywhere = true;
   Place(lblExit1, u"Exit", palette::kViolet, 4440, kBottomRow, 2310);
 }
 

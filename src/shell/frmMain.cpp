@@ -34,6 +34,7 @@ void frmMain::Unload() {
 
 void frmMain::ShowStatus(TextView text) {
   StatusBar.Panel1 = Text(text);
+  StatusBar.Refresh();  // Long work may follow.
 }
 
 void frmMain::ShowMainMenu() {
