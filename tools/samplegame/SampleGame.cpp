@@ -44,7 +44,8 @@ constexpr std::string_view kHardpointScript =
 constexpr std::string_view kShipPlugin =
     "# The sample's add-on ship, as Foundation would load it.\r\n"
     "import App\r\n"
-    "import Foundation\r\n";
+    "import Foundation\r\n"
+    "menuGroup = 'Other Ships'\r\n";
 
 constexpr std::string_view kAutoload = "# Foundation loads each script of this folder.\r\n";
 
