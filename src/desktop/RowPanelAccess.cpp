@@ -44,7 +44,7 @@ class RowAccess : public QAccessibleInterface, public QAccessibleActionInterface
     QAccessible::State state;
     state.invalid = !isValid();
     if (state.invalid) return state;
-    const Picture shown = Row()->Shown;
+    const Picture shown = face_->Model()->PictureOf(place_);
     state.focusable = true;
     state.focused = face_->hasFocus() && face_->Current() == place_;
     state.expandable = place_.Kind == RowPanel::Family::Menu;

@@ -131,9 +131,10 @@ void RowPanelFace::DrawRow(QPainter& painter, Place place, const RowPanel::Row& 
   if (place.Kind == Family::Ship) bar.adjust(kShipsInset, 0, -1, 0);
   const QColor ink = ToQt(row.CaptionColour);
   // A light caption needs a dark ground.
-  const QColor ground = Mix(ToQt(GroundOf(row.Shown)), Qt::black, ink.lightness() > 128 ? 0.6 : 0);
+  const Picture picture = model_->PictureOf(place);
+  const QColor ground = Mix(ToQt(GroundOf(picture)), Qt::black, ink.lightness() > 128 ? 0.6 : 0);
   DrawPill(painter, bar, ground);
-  DrawGlyph(painter, row.Shown, QPointF(bar.left() + kGlyphMiddle, QRectF(bar).center().y()), ink);
+  DrawGlyph(painter, picture, QPointF(bar.left() + kGlyphMiddle, QRectF(bar).center().y()), ink);
   painter.setFont(font());
   painter.setPen(ink);
   const QRect line = PixelArea(row.CaptionArea);

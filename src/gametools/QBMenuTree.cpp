@@ -43,6 +43,7 @@ void frmGameTools::MakeTree() {
     AddMenuRow(Text(kMenus[static_cast<std::size_t>(i)]), kRowPitch * i);
   }
   for (RowPanel::Row& row : fraQBMenu.Edit(Family::Menu)) row.Visible = true;
+  SelectedShip = 0;
   fraQBMenu.Edit(Family::Ship) = {ShipRow({}, MenuRows().front())};
 }
 
@@ -137,7 +138,7 @@ bool frmGameTools::InsertShipRow(int index, const Text& ship, bool first) {
   }
   ships.push_back(std::move(row));
   // The row that had this number when it was clicked is another one.
-  if (ShipRows().size() - 1 == static_cast<std::size_t>(SelectedShip)) SelectedShip = 0;
+  if (std::ssize(ShipRows()) - 1 == SelectedShip.Get()) SelectedShip = 0;
   fraQBMenu.Height = fraQBMenu.Height + kRowPitch;
   return false;
 }
@@ -161,13 +162,7 @@ bool frmGameTools::TakeOutShipRow(int index, const Text& ship) {
 
   const int gone = own->CaptionArea.Top;
   own->MoveBy(first->CaptionArea.Top - gone);
-  // The picture belongs to the number, not to the ship: what SelectedShip points at is lit.
-  for (auto row = first; std::next(row) != ships.end(); ++row) {
-    const Picture shown = row->Shown;
-    *row = std::move(*std::next(row));
-    row->Shown = shown;
-  }
-  ships.pop_back();
+  ships.erase(first);
   for (RowPanel::Row& row : ships) {
     if (row.CaptionArea.Top > gone) row.MoveBy(-kRowPitch);
   }
@@ -189,10 +184,7 @@ void frmGameTools::imgQBShip_Click(int index) {
 void frmGameTools::lblQBShip_Click(int index) {
   if (ShipCaption(index).empty()) return;
   PlayClick();
-  TreeRows& ships = fraQBMenu.Edit(Family::Ship);
-  for (RowPanel::Row& row : ships) row.Shown = Picture::Ship;
-  ships[static_cast<std::size_t>(index)].Shown = Picture::ShipSelected;
-  SelectedShip = static_cast<std::int16_t>(index);
+  SelectedShip = index;
 }
 
 bool frmGameTools::IsMenu(int index) const {

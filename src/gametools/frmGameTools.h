@@ -95,10 +95,11 @@ class frmGameTools : public Form {
 
   // --- fields of the screen ---
   std::int16_t SoundVolume = 100;
-  std::int16_t SelectedMenu =
-      0;  ///< Row of the menu that was opened last, or was found for a ship.
-  std::int16_t SelectedShip = 0;  ///< Row of the ship that was clicked last; 0 for none.
-  Text ScrollDirection;           ///< "Up", "Down", "Left" or "Right".
+  /// Row of the menu that was opened last, or was found for a ship.
+  std::int16_t SelectedMenu = 0;
+  /// Row of the ship that was clicked last; 0 for none. The row of this number shows as chosen.
+  Property<int>& SelectedShip = fraQBMenu.ChosenShip;
+  Text ScrollDirection;  ///< "Up", "Down", "Left" or "Right".
   bool CustomMenuChosen = false;
   bool QuietMake = false;
 

@@ -140,7 +140,7 @@ TEST_F(Panels, ScreenReadersSeeTheRowsAsATree) {
   PanelForm& form = Show();
   form.Add(kShip, u"Warbird");
   form.panel.Edit(kMenu)[1].Shown = RowPanel::Picture::MenuOpen;
-  form.panel.Edit(kShip)[0].Shown = RowPanel::Picture::ShipSelected;
+  form.panel.ChosenShip = 0;
   form.panel.SetFocus();
   Turn(60);
   QAccessibleInterface* tree = QAccessible::queryAccessibleInterface(FaceOf(*WindowOf(form)));

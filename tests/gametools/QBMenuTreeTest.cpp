@@ -58,7 +58,7 @@ class QBMenuTree : public GameToolsTesting {
         EXPECT_EQ(row.Shown == Picture::MenuOpen, open) << Utf8FromText(row.Caption);
       } else {
         const bool chosen = static_cast<std::size_t>(screen.SelectedShip) == place.Index;
-        EXPECT_EQ(row.Shown == Picture::ShipSelected, chosen) << Utf8FromText(row.Caption);
+        EXPECT_EQ(screen.fraQBMenu.PictureOf(place) == Picture::ShipSelected, chosen);
       }
       captions.push_back((isMenu ? "" : " ") + Utf8FromText(row.Caption));
       top += 360;
@@ -238,6 +238,9 @@ TEST_F(QBMenuTree, TheSelectedRowIsTheOneThatWearsThePicture) {
   Tree(screen);
   EXPECT_EQ(screen.ShipCaption(3), u"f1");
   EXPECT_EQ(screen.SelectedShip, 0) << "a new row isn't the one that was clicked";
+  screen.lblQBShip_Click(1);
+  screen.SelectedShip = 0;
+  Tree(screen);
 }
 
 TEST_F(QBMenuTree, StaysWholeWhateverIsOpenedAndClosed) {
