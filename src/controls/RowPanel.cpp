@@ -9,6 +9,12 @@ std::vector<RowPanel::Row>& RowPanel::Edit(Family kind) {
   return kind == Family::Menu ? menus_ : ships_;
 }
 
+RowPanel::Picture RowPanel::PictureOf(Place place) const {
+  const bool chosen =
+      place.Kind == Family::Ship && static_cast<std::size_t>(ChosenShip.Get()) == place.Index;
+  return chosen ? Picture::ShipSelected : Rows(place.Kind).at(place.Index).Shown;
+}
+
 const RowPanel::Row* RowPanel::Seen(Place place) const {
   const std::vector<Row>& rows = Rows(place.Kind);
   if (place.Index >= rows.size() || !rows[place.Index].Visible) return nullptr;

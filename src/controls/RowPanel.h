@@ -49,10 +49,16 @@ class RowPanel : public Control {
   RowPanel(Control* parent, int restTop) : Control(parent), restTop_(restTop) {}
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
+  /// The number of the ship row that is the chosen one; it may be that of no row.
+  Property<int> ChosenShip{*this, -1};
+
   const std::vector<Row>& Rows(Family kind) const { return kind == Family::Menu ? menus_ : ships_; }
 
   /// The rows to be changed by program.
   std::vector<Row>& Edit(Family kind);
+
+  /// What a row that is there looks like: its own picture, or that of a chosen ship.
+  Picture PictureOf(Place place) const;
 
   /// The row, or nothing when there is none or it isn't visible.
   const Row* Seen(Place place) const;

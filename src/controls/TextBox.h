@@ -10,7 +10,10 @@ class TextBox : public Control {
   explicit TextBox(Control* parent) : Control(parent) {}
   void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
-  bool MultiLine = false;  ///< To be set before the control is first drawn.
+  // To be set before the control is first drawn.
+  bool MultiLine = false;
+  bool BreakAnywhere = false;  ///< Long lines break at any character, as suits paths.
+
   Property<bool> ReadOnly{*this, false};
 
   const tarvo::Text& Text() const { return text_; }

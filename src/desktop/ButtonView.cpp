@@ -15,6 +15,9 @@ namespace {
 constexpr qreal kOffGround = 0.25;
 constexpr qreal kOffCaption = 0.6;
 
+/// The longest time between the two halves of a key's repetition.
+constexpr int kRepetitionMs = 40;
+
 bool IsEnter(const QKeyEvent& event) {
   return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
@@ -97,15 +100,14 @@ void PillButton::DrawCaption(QPainter& painter) const {
 }
 
 void PillButton::keyPressEvent(QKeyEvent* event) {
-  if (IsEnter(*event) && glyph_ != Button::Arrow::None) {
-    if (!event->isAutoRepeat()) {
+  if (IsHeldBy(*event)) {
+    letGo_.stop();
+    if (!isDown()) {
       setDown(true);
       emit pressed();
     }
-    event->accept();
   } else if (IsEnter(*event)) {
     if (!event->isAutoRepeat()) click();
-    event->accept();
   } else if (event->key() == Qt::Key_Escape) {
     event->ignore();  // The form's Escape button has it.
   } else {
@@ -114,15 +116,21 @@ void PillButton::keyPressEvent(QKeyEvent* event) {
 }
 
 void PillButton::keyReleaseEvent(QKeyEvent* event) {
-  if (!IsEnter(*event) || glyph_ == Button::Arrow::None) {
-    QAbstractButton::keyReleaseEvent(event);
-    return;
-  }
-  if (!event->isAutoRepeat() && isDown()) {
-    setDown(false);
-    emit released();
-  }
-  event->accept();
+  if (!IsHeldBy(*event)) return QAbstractButton::keyReleaseEvent(event);
+  // A key that repeats is told as let go and pressed again, and not always as a repetition.
+  if (!event->isAutoRepeat()) letGo_.start(kRepetitionMs, this);
+}
+
+void PillButton::timerEvent(QTimerEvent* event) {
+  if (event->timerId() != letGo_.timerId()) return QAbstractButton::timerEvent(event);
+  letGo_.stop();
+  if (!isDown()) return;
+  setDown(false);
+  emit released();
+}
+
+bool PillButton::IsHeldBy(const QKeyEvent& event) const {
+  return glyph_ != Button::Arrow::None && (IsEnter(event) || event.key() == Qt::Key_Space);
 }
 
 bool PillButton::event(QEvent* event) {

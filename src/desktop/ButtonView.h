@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QBasicTimer>
 
 #include "controls/Button.h"
 #include "desktop/View.h"
@@ -21,16 +22,19 @@ class PillButton : public QAbstractButton {
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
   bool event(QEvent* event) override;
 
  private:
   QRect CaptionArea() const;
   QString Elided() const;
   void DrawCaption(QPainter& painter) const;
+  bool IsHeldBy(const QKeyEvent& event) const;
 
   QColor ground_;
   QColor caption_;
   Button::Arrow glyph_ = Button::Arrow::None;
+  QBasicTimer letGo_;
 };
 
 class ButtonView : public ViewOf<Button, PillButton> {

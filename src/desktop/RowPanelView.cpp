@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "controls/Palette.h"
+#include "desktop/RowPanelAccess.h"
 #include "desktop/Skin.h"
 #include "desktop/SkinStyle.h"
 
@@ -16,19 +17,13 @@ namespace {
 constexpr int kRowPitch = 360;  ///< Twips: what a step of the wheel counts in.
 constexpr int kRowsANotch = 3;
 constexpr int kWheelNotch = 120;  ///< As Qt counts.
-constexpr int kGlyphMiddle = 12;  ///< Pixels from the left edge of a row's bar.
-constexpr int kShipsInset = 7;    ///< Pixels that the bars of ships are shorter to the left.
+constexpr int kGlyphMiddle = 11;  ///< Pixels from the left edge of a row's bar.
+constexpr int kShipsInset = 6;    ///< Pixels that the bars of ships are shorter to the left.
 
 using Area = RowPanel::Area;
 using Family = RowPanel::Family;
 using Picture = RowPanel::Picture;
 using Place = RowPanel::Place;
-
-QRect PixelArea(const Area& area) {
-  const QPoint first(ToPixels(area.Left), ToPixels(area.Top));
-  const QPoint behind(ToPixels(area.Left + area.Width), ToPixels(area.Top + area.Height));
-  return {first, behind - QPoint(1, 1)};
-}
 
 Colour GroundOf(Picture picture) {
   switch (picture) {
@@ -42,15 +37,6 @@ Colour GroundOf(Picture picture) {
       break;
   }
   return palette::kPeach;
-}
-
-/// One line, in which no character moves the others.
-QString Printable(const Text& caption) {
-  QString line = ToQt(caption);
-  for (QChar& unit : line) {
-    if (!unit.isPrint() && !unit.isSurrogate()) unit = QChar::ReplacementCharacter;
-  }
-  return line;
 }
 
 /// A closed menu points to the side, an open one down; a chosen ship wears a full mark.
@@ -75,41 +61,48 @@ void DrawGlyph(QPainter& painter, Picture picture, const QPointF& middle, const 
   }
 }
 
-QString StateOf(Picture picture) {
-  switch (picture) {
-    case Picture::MenuClosed:
-      return QStringLiteral("closed menu");
-    case Picture::MenuOpen:
-      return QStringLiteral("open menu");
-    case Picture::Ship:
-      return QStringLiteral("ship");
-    case Picture::ShipSelected:
-      break;
-  }
-  return QStringLiteral("chosen ship");
+}  // namespace
+
+QRect PixelArea(const RowPanel::Area& area) {
+  const QPoint first(ToPixels(area.Left), ToPixels(area.Top));
+  const QPoint behind(ToPixels(area.Left + area.Width), ToPixels(area.Top + area.Height));
+  return {first, behind - QPoint(1, 1)};
 }
 
-}  // namespace
+QString Printable(const Text& caption) {
+  QString line = ToQt(caption);
+  for (QChar& unit : line) {
+    if (!unit.isPrint() && !unit.isSurrogate()) unit = QChar::ReplacementCharacter;
+  }
+  return line;
+}
 
 RowPanelFace::RowPanelFace(RowPanel& model, QWidget* parent) : QWidget(parent), model_(&model) {
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
+  MakeRowPanelsAccessible();
 }
 
 void RowPanelFace::RowsChanged() {
-  const RowPanel::Row* row = model_->Seen(current_);
-  if (!row || row->PictureArea.Top != currentTop_) {
-    const std::vector<Place> order = model_->InOrder();
-    if (order.empty()) return;
-    // A menu keeps the keyboard while it moves; a ship may have become another one.
-    if (!row || current_.Kind == Family::Ship)
-      current_ = order[static_cast<std::size_t>(Standing(order))];
-    currentTop_ = model_->Seen(current_)->PictureArea.Top;
+  Settle();
+  if (hasFocus() && current_ != told_) {
+    told_ = current_;
+    TellFocusedRow(*this);
   }
-  const RowPanel::Row& standing = *model_->Seen(current_);
-  setAccessibleDescription(Printable(standing.Caption) + QStringLiteral(", ") +
-                           StateOf(standing.Shown));
   update();
+}
+
+/// Finds the row that the keyboard stands on after rows came, went or moved. A menu keeps the
+/// keyboard while it moves; a ship may have become another one.
+void RowPanelFace::Settle() {
+  const RowPanel::Row* row = model_->Seen(current_);
+  if (row && row->PictureArea.Top == currentTop_) return;
+  const std::vector<Place> order = model_->InOrder();
+  if (order.empty()) return;
+  if (!row || current_.Kind == Family::Ship) {
+    current_ = order[static_cast<std::size_t>(Standing(order))];
+  }
+  currentTop_ = model_->Seen(current_)->PictureArea.Top;
 }
 
 /// The place in `order` of the row that the keyboard stands on, or that lies where it stood.
@@ -138,9 +131,10 @@ void RowPanelFace::DrawRow(QPainter& painter, Place place, const RowPanel::Row& 
   if (place.Kind == Family::Ship) bar.adjust(kShipsInset, 0, -1, 0);
   const QColor ink = ToQt(row.CaptionColour);
   // A light caption needs a dark ground.
-  const QColor ground = Mix(ToQt(GroundOf(row.Shown)), Qt::black, ink.lightness() > 128 ? 0.6 : 0);
+  const Picture picture = model_->PictureOf(place);
+  const QColor ground = Mix(ToQt(GroundOf(picture)), Qt::black, ink.lightness() > 128 ? 0.6 : 0);
   DrawPill(painter, bar, ground);
-  DrawGlyph(painter, row.Shown, QPointF(bar.left() + kGlyphMiddle, QRectF(bar).center().y()), ink);
+  DrawGlyph(painter, picture, QPointF(bar.left() + kGlyphMiddle, QRectF(bar).center().y()), ink);
   painter.setFont(font());
   painter.setPen(ink);
   const QRect line = PixelArea(row.CaptionArea);
@@ -160,11 +154,7 @@ void RowPanelFace::mousePressEvent(QMouseEvent* event) {
   if (!place) return;
   StandOn(*place);
   const Area caption = model_->Seen(*place)->CaptionArea;
-  ClickAt(*place, caption.Contains(ToTwips(at.x()), ToTwips(at.y())));
-}
-
-void RowPanelFace::ClickAt(Place place, bool onCaption) {
-  model_->Click(place, onCaption);
+  model_->Click(*place, caption.Contains(ToTwips(at.x()), ToTwips(at.y())));
 }
 
 void RowPanelFace::mouseMoveEvent(QMouseEvent* event) {
@@ -200,6 +190,7 @@ void RowPanelFace::keyPressEvent(QKeyEvent* event) {
   if (!model_) return;
   const std::vector<Place> order = model_->InOrder();
   if (order.empty()) return QWidget::keyPressEvent(event);
+  Settle();
   const std::ptrdiff_t at = Standing(order);
   const std::ptrdiff_t page = std::max(1, parentWidget()->height() * 15 / kRowPitch - 1);
   const bool isMenu = current_.Kind == Family::Menu;
@@ -221,13 +212,13 @@ void RowPanelFace::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Left: {
       const Picture before =
           event->key() == Qt::Key_Right ? Picture::MenuClosed : Picture::MenuOpen;
-      if (isMenu && shown == before) ClickAt(current_, true);
+      if (isMenu && shown == before) model_->Click(current_, true);
       return;
     }
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (!event->isAutoRepeat()) ClickAt(current_, true);
+      if (!event->isAutoRepeat()) model_->Click(current_, true);
       return;
     default:
       QWidget::keyPressEvent(event);
@@ -247,8 +238,12 @@ void RowPanelFace::StandOn(Place place) {
 }
 
 void RowPanelFace::focusInEvent(QFocusEvent* event) {
+  if (!model_) return;
+  Settle();
   // Not by a click: the row that was clicked is in sight.
-  if (model_ && event->reason() != Qt::MouseFocusReason) model_->BringIntoSight(current_);
+  if (event->reason() != Qt::MouseFocusReason) model_->BringIntoSight(current_);
+  told_ = current_;
+  TellFocusedRow(*this);
   update();
 }
 

@@ -7,6 +7,12 @@
 
 namespace tarvo {
 
+/// An area of a panel in pixels of its widget.
+QRect PixelArea(const RowPanel::Area& area);
+
+/// A caption as one line, in which no character moves the others.
+QString Printable(const Text& caption);
+
 /// Draws the rows of a panel that lie in sight, and reports what mouse and keyboard do with them.
 /// The keyboard stands on one row: the arrow keys walk it in the order of the screen, Enter and
 /// Space click it.
@@ -16,6 +22,12 @@ class RowPanelFace : public QWidget {
 
   /// The model goes: it is never touched again.
   void LetGo() { model_ = nullptr; }
+
+  /// Nothing once the model is gone.
+  RowPanel* Model() const { return model_; }
+
+  /// The row that the keyboard stands on.
+  RowPanel::Place Current() const { return current_; }
 
   /// The rows have changed: the keyboard stays where it is on the panel.
   void RowsChanged();
@@ -35,16 +47,17 @@ class RowPanelFace : public QWidget {
  private:
   void DrawRow(QPainter& painter, RowPanel::Place place, const RowPanel::Row& row) const;
   void PointAt(std::optional<RowPanel::Place> place);
-  void ClickAt(RowPanel::Place place, bool onCaption);
+  void Settle();
   void WalkTo(const std::vector<RowPanel::Place>& order, std::ptrdiff_t at);
   void StandOn(RowPanel::Place place);
   std::ptrdiff_t Standing(const std::vector<RowPanel::Place>& order) const;
 
   RowPanel* model_;
   std::optional<RowPanel::Place> under_;  ///< The row that the pointer is on.
-  RowPanel::Place current_;               ///< The row that the keyboard stands on.
-  int currentTop_ = 0;                    ///< Twips, when the keyboard came there.
-  int wheel_ = 0;                         ///< Twips that make no whole pixel yet.
+  RowPanel::Place current_;
+  RowPanel::Place told_;  ///< The row that screen readers know to have the keyboard.
+  int currentTop_ = 0;    ///< Twips, when the keyboard came there.
+  int wheel_ = 0;         ///< Twips that make no whole pixel yet.
 };
 
 class RowPanelView : public ViewOf<RowPanel, RowPanelFace> {

@@ -27,7 +27,8 @@ void TextBoxView::Apply() {
 
 LinesView::LinesView(TextBox& model, QWidget* parent) : ViewOf(model, new QPlainTextEdit(parent)) {
   face_.setTabChangesFocus(true);
-  face_.setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  face_.setWordWrapMode(model.BreakAnywhere ? QTextOption::WrapAnywhere
+                                            : QTextOption::WrapAtWordBoundaryOrAnywhere);
   face_.document()->setDocumentMargin(6);
   QObject::connect(&face_, &QPlainTextEdit::textChanged, &face_, [this] {
     if (!Live()) return;

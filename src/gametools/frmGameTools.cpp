@@ -1,6 +1,33 @@
 #include "gametools/frmGameTools.h"
 
+#include <algorithm>
+
+#include "controls/Palette.h"
+#include "platform/PlatformError.h"
+#include "platform/Sound.h"
+#include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
+#include "state/Shell.h"
+#include "text/Paths.h"
+#include "text/RaisedError.h"
+#include "text/Utf8.h"
+
 namespace tarvo {
+namespace {
+
+constexpr int kTicksOfTree = 10;     ///< Milliseconds.
+constexpr int kTicksOfVolume = 200;  ///< Milliseconds.
+constexpr int kVolumeStep = 277;
+
+}  // namespace
+
+struct frmGameTools::Tab {
+  Button& Caption;
+  Frame& Area;
+  unsigned Sound;
+  TextView Status;
+  TextView Tip;
+};
 
 frmGameTools::frmGameTools(Application& app)
     : Form(Style::Child, app.MainForm),
@@ -10,12 +37,236 @@ frmGameTools::frmGameTools(Application& app)
       FileList1(&fraMenus, app.machine.files, ListBox::Selection::Single, u"*.py"),
       FileList4(&fraMenus, app.machine.files, ListBox::Selection::Single, u"*.py"),
       FileList3(&fraIntegrity, app.machine.files, ListBox::Selection::Single, u"*.py"),
-      app_(app) {}
+      app_(app) {
+  MakeTree();
+  LayOut();
+  Connect();
+  Scroll_Timer.Enabled = false;
+  app_.ProgressBars[u"Game Tools"] = &ProgressBar2;
+}
 
-frmGameTools::~frmGameTools() = default;
+frmGameTools::~frmGameTools() {
+  // A screen made anew before this one was freed has handed in its own bar.
+  const auto bar = app_.ProgressBars.find(u"Game Tools");
+  if (bar != app_.ProgressBars.end() && bar->second == &ProgressBar2) {
+    app_.ProgressBars.erase(bar);
+  }
+}
 
-void frmGameTools::Load() {}
+/// A failure on the way, above all a folder that the game lacks, ends the load, and the user is to
+/// settle the game's folder.
+void frmGameTools::Load() {
+  Text failure;
+  try {
+    LoadSteps();
+  } catch (const RaisedError& error) {
+    failure = error.Description;
+  } catch (const PlatformError& error) {
+    failure = Words(error);
+  }
+  if (failure.empty()) return;
+  app_.shell->SettleGame();
+  app_.shell->ShowStatus(failure);
+}
 
-void frmGameTools::Unload() {}
+void frmGameTools::LoadSteps() {
+  Move(1180, 1740, 6900, 0);
+  SoundVolume = 100;
+  BackColour = kBlack;
+  for (Frame* area : {&fraShipInfo, &fraMenus, &fraSound, &fraIntegrity}) {
+    area->BackColour = kBlack;
+  }
+  lblShipPlugin_Click();
+  LoadQBMenus();
+  BuildCustomMenuRows();
+  SetFolders();
+  fraMenus.Refresh();
+  app_.State.CurrentScreen = u"Game Tools";
+}
+
+void frmGameTools::Unload() {
+  // An arrow that is still held would leave its sound behind.
+  for (Button* arrow : {&imgButtonU, &imgButtonD, &imgButtonL, &imgButtonR}) arrow->LetGo();
+  app_.shell->WorkScreenClosed();
+}
+
+void frmGameTools::SetFolders() {
+  const auto below = [this](TextView folder) { return JoinPath(app_.State.GamePath, folder); };
+  for (FileListBox* list : {&FileList1, &FileList2, &FileList3}) {
+    list->SetPath(below(u"\\scripts\\ships\\"));
+  }
+  FileList4.SetPath(below(u"\\scripts\\Custom\\Ships\\"));
+  FileList5.SetPath(below(u"\\scripts\\ships\\Hardpoints\\"));
+  FileListWavs.SetPath(below(u"\\sfx\\Weapons\\"));
+}
+
+void frmGameTools::Unroll() {
+  if (Height < 5065) {
+    Height = Height + 150;
+  } else {
+    Height = 5065;
+    Load_Timer.Enabled = false;
+  }
+}
+
+void frmGameTools::Leave() {
+  PlayClick();
+  app_.screens.Close(*this);
+}
+
+void frmGameTools::PlayClick() {
+  PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
+}
+
+// -- The tabs
+
+void frmGameTools::ShowTab(const Tab& tab) {
+  PlayEffect(app_, u"TabBeep.wav", tab.Sound);
+  app_.shell->ShowStatus(tab.Status);
+  if (app_.State.PacHelper) app_.dialogue.PacMsg(tab.Tip, Title::Information);
+  for (Frame* area : {&fraShipInfo, &fraSound, &fraMenus, &fraIntegrity}) {
+    area->Visible = area == &tab.Area;
+  }
+  imgButtonSelected.Left = tab.Caption.Left;
+  for (Button* caption : {&lblShipPlugin, &lblSoundPlugin, &lblMenus, &lblChecker}) {
+    const bool chosen = caption == &tab.Caption;
+    if (!chosen) caption->ForeColour = kBlack;
+    caption->BackColour = chosen ? palette::kOrange : palette::kViolet;
+    caption->AccessibleName = chosen ? caption->Caption.Get() + u", chosen tab" : Text();
+  }
+}
+
+void frmGameTools::lblShipPlugin_Click() {
+  ShowTab({lblShipPlugin, fraShipInfo, kPlayUnlessBusy, u"Create a New Ship Plugin...",
+           u"Create a New Ship Plugin on this Screen"});
+  FillShipList();
+}
+
+void frmGameTools::lblSoundPlugin_Click() {
+  ShowTab({lblSoundPlugin, fraSound, kPlayToEndUnlessBusy, u"Create a New Sound Plugin...",
+           u"Create a New Sound Plugin on this Screen"});
+  Refresh();
+  if (lstWeapons.Count() == 0) FillSoundLists();
+  fraSound.Refresh();
+}
+
+void frmGameTools::lblMenus_Click() {
+  ShowTab({lblMenus, fraMenus, kPlayUnlessBusy, u"Manage your Quick Battle menus...",
+           u"Enable, Disable or Delete Ships on this Screen"});
+  Refresh();
+  RefreshShipLists();
+}
+
+void frmGameTools::lblChecker_Click() {
+  ShowTab({lblChecker, fraIntegrity, kPlayUnlessBusy, u"Check the File Structures of a Ship Mod...",
+           u"Choose a Ship to check for wrong references to your Ship's Files!"});
+}
+
+// -- The events
+
+void frmGameTools::Connect() {
+  ConnectTabs();
+  ConnectLists();
+  ConnectCommands();
+  ConnectTree();
+  ConnectArrow(imgButtonU, u"Up", kTicksOfTree);
+  ConnectArrow(imgButtonD, u"Down", kTicksOfTree);
+  ConnectArrow(imgButtonL, u"Left", kTicksOfVolume);
+  ConnectArrow(imgButtonR, u"Right", kTicksOfVolume);
+  Load_Timer.OnTimer = [this] { Unroll(); };
+  Scroll_Timer.OnTimer = [this] { Scroll(); };
+}
+
+void frmGameTools::ConnectTabs() {
+  lblShipPlugin.OnClick = [this] { lblShipPlugin_Click(); };
+  lblSoundPlugin.OnClick = [this] { lblSoundPlugin_Click(); };
+  lblMenus.OnClick = [this] { lblMenus_Click(); };
+  lblChecker.OnClick = [this] { lblChecker_Click(); };
+  for (Button* exit : {&lblExit, &lblExit1, &lblExit2, &lblExit3}) {
+    exit->OnClick = [this] { Leave(); };
+  }
+}
+
+void frmGameTools::ConnectLists() {
+  cboShipName.OnChange = [this] { ShipNameChanged(); };
+  cboShipName.OnClick = [this] { LoadShipPlugin(); };
+  cboSpecies.OnClick = [this] { cboSpecies_Click(); };
+  FileList2.OnClick = [this] { PickShipScript(); };
+  cboSoundName.OnChange = [this] { cboSoundName_Change(); };
+  cboSoundName.OnClick = [this] { ReadSoundPlugin(); };
+  lstDisabled.OnClick = [this] { PlayClick(); };
+  FileList3.OnClick = [this] { CheckShipFiles(); };
+}
+
+void frmGameTools::ConnectCommands() {
+  lblMakeShipPlugin.OnClick = [this] { MakeShipPlugin(); };
+  lblPlaySound.OnClick = [this] { lblPlaySound_Click(); };
+  lblAddSound.OnClick = [this] { AddSoundEntry(); };
+  lblRemoveSound.OnClick = [this] { lblRemoveSound_Click(); };
+  lblMakeSoundPlugin.OnClick = [this] { MakeSoundPlugin(); };
+  lblAddQB.OnClick = [this] { AddQBMenu(); };
+  lblDeleteQB.OnClick = [this] { DeleteQBMenu(); };
+  lblEnable.OnClick = [this] { EnableShips(); };
+  lblDisable.OnClick = [this] { DisableShips(); };
+  lblDelete.OnClick = [this] { DeleteShips(); };
+}
+
+void frmGameTools::ConnectTree() {
+  using Place = RowPanel::Place;
+  fraQBMenu.OnCaptionClick = [this](Place place) {
+    const int index = static_cast<int>(place.Index);
+    place.Kind == RowPanel::Family::Menu ? lblQBMenu_Click(index) : lblQBShip_Click(index);
+  };
+  fraQBMenu.OnPictureClick = [this](Place place) {
+    const int index = static_cast<int>(place.Index);
+    place.Kind == RowPanel::Family::Menu ? imgQBMenu_Click(index) : imgQBShip_Click(index);
+  };
+  fraQBMenu.OnPointer = [this](Place place) { PointAtRow(place); };
+  fraQBMenu.OnPointerFree = [this] { PointAtNoRow(); };
+}
+
+void frmGameTools::ConnectArrow(Button& arrow, TextView direction, int interval) {
+  arrow.OnPress = [this, direction, interval] {
+    PlayEffect(app_, u"Scroll.wav", kPlayLoop);
+    ScrollDirection = Text(direction);
+    Scroll_Timer.Interval = interval;
+    Scroll_Timer.Enabled = true;
+  };
+  arrow.OnRelease = [this] {
+    PlayEffect(app_, u"BackgroundBeep.wav", kPlay);
+    Scroll_Timer.Enabled = false;
+  };
+}
+
+// -- What the held arrows move
+
+void frmGameTools::Scroll() {
+  constexpr int kPanelHighest = 850;  ///< Of its bottom, pushed up all the way.
+  if (ScrollDirection == u"Up") {
+    if (fraQBMenu.Top >= 120) return StopAtLimit();
+    fraQBMenu.Top = std::min(120, fraQBMenu.Top + 60);
+  } else if (ScrollDirection == u"Down") {
+    if (fraQBMenu.Top + fraQBMenu.Height <= kPanelHighest) return StopAtLimit();
+    fraQBMenu.Top = fraQBMenu.Top - 60;
+  } else if (ScrollDirection == u"Right") {
+    if (SoundVolume >= 100) return StopAtLimit();
+    StepVolume(1);
+  } else if (ScrollDirection == u"Left") {
+    if (SoundVolume < 11) return StopAtLimit();
+    StepVolume(-1);
+  }
+}
+
+void frmGameTools::StopAtLimit() {
+  PlayEffect(app_, u"ErrorBeep.wav", kPlayToEnd);
+  Scroll_Timer.Enabled = false;
+}
+
+void frmGameTools::StepVolume(int steps) {
+  VolumeMeter.Left = VolumeMeter.Left + steps * kVolumeStep;
+  VolumeMeter.Width = VolumeMeter.Width - steps * kVolumeStep;
+  SoundVolume = static_cast<std::int16_t>(SoundVolume + steps * 10);
+  VolumeMeter.AccessibleName = u"Volume " + TextFromUtf8(std::to_string(SoundVolume)) + u"%";
+}
 
 }  // namespace tarvo

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -15,6 +17,7 @@
 #include "controls/Label.h"
 #include "controls/ListBox.h"
 #include "controls/ProgressBar.h"
+#include "controls/RowPanel.h"
 #include "controls/Shape.h"
 #include "controls/TextBox.h"
 #include "controls/Timer.h"
@@ -38,7 +41,9 @@ class frmGameTools : public Form {
   void Load() override;
   void Unload() override;
 
-  // The tab strip, and the commands that leave the screen.
+  // The tab strip.
+  Frame fraTabLine{this};         ///< Runs below the tabs, in the colour of the chosen one.
+  Frame imgButtonSelected{this};  ///< Joins the chosen tab to the line.
   Button lblShipPlugin{this}, lblSoundPlugin{this}, lblMenus{this}, lblChecker{this};
 
   // Ship Plugin
@@ -56,7 +61,11 @@ class frmGameTools : public Form {
   ListBox lstWeapons{&fraSound, ListBox::Selection::Single, ListBox::Order::Sorted};
   FileListBox FileListWavs;
   ListBox lstSoundInfo{&fraSound, ListBox::Selection::Single, ListBox::Order::Sorted};
-  Shape VolumeMeter{&fraSound};
+  std::array<Frame, 10> fraVolume{Frame{&fraSound}, Frame{&fraSound}, Frame{&fraSound},
+                                  Frame{&fraSound}, Frame{&fraSound}, Frame{&fraSound},
+                                  Frame{&fraSound}, Frame{&fraSound}, Frame{&fraSound},
+                                  Frame{&fraSound}};  ///< The bar, a tenth of it each.
+  Shape VolumeMeter{&fraSound};  ///< Covers the part of the bar above the volume.
   Button imgButtonL{&fraSound}, imgButtonR{&fraSound};
   Button lblPlaySound{&fraSound}, lblAddSound{&fraSound}, lblRemoveSound{&fraSound};
   Button lblMakeSoundPlugin{&fraSound}, lblExit2{&fraSound};
@@ -64,8 +73,10 @@ class frmGameTools : public Form {
 
   // Menus
   Frame fraMenus{this};
-  Frame fraQBMenu{&fraMenus};
-  Button imgButtonU{&fraMenus}, imgButtonD{&fraMenus};
+  Frame fraTree{&fraMenus};  ///< The window behind which the tree moves.
+  RowPanel fraQBMenu{&fraTree, 120};
+  Frame Frame1{&fraMenus};
+  Button imgButtonU{&Frame1}, imgButtonD{&Frame1};
   ListBox lstDisabled{&fraMenus, ListBox::Selection::Toggle, ListBox::Order::Sorted};
   ListBox lstEnabled{&fraMenus, ListBox::Selection::Toggle,
                      ListBox::Order::Sorted};                 ///< Never seen.
@@ -87,14 +98,17 @@ class frmGameTools : public Form {
   tarvo::ProgressBar ProgressBar2{&fraUpdateProgress};  ///< Follows the reading of a file.
   Label lblFile{&fraUpdateProgress};
 
+  std::deque<Label> labels;  ///< The words beside and above the controls.
+
   Timer Load_Timer{this, 15}, Scroll_Timer{this, 10};
 
   // --- fields of the screen ---
   std::int16_t SoundVolume = 100;
-  std::int16_t SelectedMenu =
-      0;  ///< Row of the menu that was opened last, or was found for a ship.
-  std::int16_t SelectedShip = 0;  ///< Row of the ship that was clicked last; 0 for none.
-  Text ScrollDirection;           ///< "Up", "Down", "Left" or "Right".
+  /// Row of the menu that was opened last, or was found for a ship.
+  std::int16_t SelectedMenu = 0;
+  /// Row of the ship that was clicked last; 0 for none. The row of this number shows as chosen.
+  Property<int>& SelectedShip = fraQBMenu.ChosenShip;
+  Text ScrollDirection;  ///< "Up", "Down", "Left" or "Right".
   bool CustomMenuChosen = false;
   bool QuietMake = false;
 
@@ -176,6 +190,9 @@ class frmGameTools : public Form {
   void imgQBShip_Click(int index);
   void OpenQBMenu(int index);
   void CloseQBMenu(int index);
+  /// Gives false once a row of the menu has been made, else `first` as it was.
+  bool InsertShipRow(int index, const Text& ship, bool first);
+  /// Changes nothing when the ship has no row under this menu.
   void RemoveShipRow(int index, const Text& ship);
   bool MenuIsOpen(int index) const;
   int MenuRowCount() const;  ///< The hidden end row counts.
@@ -232,6 +249,48 @@ class frmGameTools : public Form {
   std::vector<Text> customMenus_;
   FileFacts<FileText> pluginTexts_{app_, [](const FileText& text) { return text; }};
   FileFacts<std::vector<Text>> weaponNames_{app_, WeaponNames};
+
+  // --- the screen ---
+  void LoadSteps();
+  void LayOut();
+  void LayOutTabs();
+  void LayOutShipPlugin();
+  void LayOutSoundPlugin();
+  void LayOutVolume();
+  void LayOutMenus();
+  void LayOutChecker();
+  void LayOutProgress();
+  Label& AddLabel(Control& parent, TextView caption, int left, int top, int width);
+  void Connect();
+  void ConnectTabs();
+  void ConnectLists();
+  void ConnectCommands();
+  void ConnectTree();
+  void ConnectArrow(Button& arrow, TextView direction, int interval);
+  void SetFolders();
+  struct Tab;
+  void ShowTab(const Tab& tab);
+  void Unroll();
+  void Scroll();
+  void StopAtLimit();
+  void StepVolume(int steps);
+  void PlayClick();
+  void Leave();
+
+  // --- the tree ---
+  using TreeRows = std::vector<RowPanel::Row>;
+  const TreeRows& MenuRows() const { return fraQBMenu.Rows(RowPanel::Family::Menu); }
+  const TreeRows& ShipRows() const { return fraQBMenu.Rows(RowPanel::Family::Ship); }
+  void MakeTree();
+  void AddMenuRow(const Text& caption, int top);
+  bool IsMenu(int index) const;
+  bool StandsUnder(const RowPanel::Row& ship, int index) const;
+  bool TakeOutShipRow(int index, const Text& ship);
+  void ShowMenuPicture(int index, RowPanel::Picture picture);
+  void PointAtRow(RowPanel::Place place);
+  void PointAtNoRow();
+
+  bool overTree_ = false;  ///< The pointer has come onto a row since it was on no row.
 };
 
 }  // namespace tarvo

@@ -34,10 +34,15 @@ void frmMain::Unload() {
 
 void frmMain::ShowStatus(TextView text) {
   StatusBar.Panel1 = Text(text);
+  StatusBar.Refresh();  // Long work may follow.
 }
 
 void frmMain::ShowMainMenu() {
   app_.Screen<frmMainMenu>().Visible = true;
+}
+
+void frmMain::SettleGame() {
+  StartUpSequence(app_);
 }
 
 void frmMain::WorkScreenClosed() {

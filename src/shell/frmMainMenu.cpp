@@ -4,6 +4,7 @@
 #include <string>
 
 #include "controls/Palette.h"
+#include "gametools/frmGameTools.h"
 #include "packages/frmPackager.h"
 #include "platform/Clock.h"
 #include "platform/Sound.h"
@@ -36,9 +37,7 @@ void frmMainMenu::LayOut() {
   place(lblHelp, u"Help", palette::kViolet, 4680, 360);
   place(lblExit, u"Exit", palette::kViolet, 4680, 840);
   // Their screens don't exist yet.
-  for (Button* button : {&lblGameTools, &lblOptions, &lblHelp}) {
-    button->Enabled = false;
-  }
+  for (Button* button : {&lblOptions, &lblHelp}) button->Enabled = false;
   lblTitle.Caption = u"Main Menu";
   lblTitle.ForeColour = Colour{255, 192, 128};
   lblTitle.Font = {FontRole::Normal, 10};
@@ -72,6 +71,7 @@ void frmMainMenu::LayOutDecoration() {
 }
 
 void frmMainMenu::Connect() {
+  lblGameTools.OnClick = [this] { Open<frmGameTools>(lblGameTools, u"Game Tools"); };
   lblTGLTools.OnClick = [this] { Open<frmTGLTools>(lblTGLTools, u"TGL Tools"); };
   lblPackager.OnClick = [this] { Open<frmPackager>(lblPackager, u"Packager"); };
   lblExit.OnClick = [this] { Exit(); };

@@ -1,5 +1,6 @@
 #include "shiptgl/frmTGLTools.h"
 
+#include "controls/Palette.h"
 #include "platform/Guarded.h"
 #include "platform/Sound.h"
 #include "state/CommonUtilities.h"
@@ -108,6 +109,11 @@ void frmTGLTools::Open(const Tab& tab) {
   BeginCommand();
   if (app_.State.PacHelper) app_.dialogue.PacMsg(tab.Hint, Title::Information);
   imgButtonSelected.Left = tab.Caption.Left;
+  for (Button* caption : {&lblNewTGL, &lblEditTGL, &lblDeleteTGL, &lblGameTGL}) {
+    const bool chosen = caption == &tab.Caption;
+    caption->BackColour = chosen ? palette::kOrange : palette::kViolet;
+    caption->AccessibleName = chosen ? caption->Caption.Get() + u", chosen tab" : Text();
+  }
   for (Frame* frame : {&fraShipTGL, &fraGameTGL}) frame->Visible = frame == &tab.Shown;
 }
 

@@ -14,6 +14,9 @@ class Shell {
 
   virtual void ShowMainMenu() = 0;
 
+  /// A work screen found a folder of the game missing: the user is to settle the game's folder.
+  virtual void SettleGame() = 0;
+
   /// A work screen has closed: the menu takes over again.
   virtual void WorkScreenClosed() = 0;
 };

@@ -121,20 +121,15 @@ TEST_F(Utilities, FactsThatCouldntBeReadAreReadAgain) {
   EXPECT_EQ(machine.files.Steps(FileStep::Open), opened);
 }
 
-TEST_F(Utilities, DatabaseFailureTellsTheDiskFromTheContent) {
-  machine.WriteFile(path, "no database");
+TEST_F(Utilities, FailureTellsTheFileAndTheSystemsWords) {
   const RaisedError refused(u"TGLFileRep.ReadFile", u"Not valid.\r\nReally");
-  NoteDatabaseFailure(app, path, refused);
-  machine.files.Fail(FileStep::Open, 1, EACCES);
-  NoteDatabaseFailure(app, path, refused);
-  NoteDatabaseFailure(app, path, {u"helper_CopyFile", u"Failed\r\nReason: Full"});
-  ASSERT_EQ(app.Failures.size(), 3u);
+  NoteFailure(app, refused, path);
+  NoteFailure(app, refused.Because(ENOSPC), path);
+  ASSERT_EQ(app.Failures.size(), 2u);
   EXPECT_EQ(app.Failures[0].Words, path + u": Not valid. Really");
   EXPECT_FALSE(app.Failures[0].OnFile);
-  EXPECT_EQ(app.Failures[1].Words, u"Can't open " + path + u": Permission denied");
+  EXPECT_EQ(app.Failures[1].Words, path + u": Not valid. Really (No space left on device)");
   EXPECT_TRUE(app.Failures[1].OnFile);
-  EXPECT_EQ(app.Failures[2].Words, u"Failed Reason: Full");
-  EXPECT_TRUE(app.Failures[2].OnFile);
 }
 
 TEST_F(Utilities, WriteFailureIsToldInABoxAndNoted) {

@@ -17,6 +17,7 @@
 #include "desktop/DirListBoxView.h"
 #include "desktop/ListBoxView.h"
 #include "desktop/Skin.h"
+#include "gametools/frmGameTools.h"
 #include "packages/frmPackager.h"
 #include "platform/Clock.h"
 #include "platform/Locale.h"
@@ -94,10 +95,33 @@ void Print(const char* screenName, const Form& screen, std::initializer_list<Nam
   }
 }
 
+/// The Nowhere has no game, so the screen ends its load early; its controls stand all the same.
+void PrintGameTools(Application& app) {
+  auto& tools = app.Screen<frmGameTools>();
+  Print("frmGameTools", tools,
+        {{"lblShipPlugin", tools.lblShipPlugin},
+         {"lblSoundPlugin", tools.lblSoundPlugin},
+         {"lblMenus", tools.lblMenus},
+         {"lblChecker", tools.lblChecker},
+         {"fraShipInfo", tools.fraShipInfo},
+         {"fraSound", tools.fraSound},
+         {"fraMenus", tools.fraMenus},
+         {"fraIntegrity", tools.fraIntegrity},
+         {"fraTree", tools.fraTree},
+         {"fraQBMenu", tools.fraQBMenu},
+         {"imgButtonU", tools.imgButtonU},
+         {"imgButtonD", tools.imgButtonD},
+         {"lblExit", tools.lblExit},
+         {"lblExit1", tools.lblExit1},
+         {"lblExit2", tools.lblExit2},
+         {"lblExit3", tools.lblExit3}});
+}
+
 void PrintPlaces(Application& app) {
   auto& menu = app.Screen<frmMainMenu>();
   Print("frmMainMenu", menu,
-        {{"lblTGLTools", menu.lblTGLTools},
+        {{"lblGameTools", menu.lblGameTools},
+         {"lblTGLTools", menu.lblTGLTools},
          {"lblPackager", menu.lblPackager},
          {"lblExit", menu.lblExit}});
   auto& packager = app.Screen<frmPackager>();
@@ -134,6 +158,7 @@ void PrintPlaces(Application& app) {
          {"fraGameTGL", tgl.fraGameTGL},
          {"File2", tgl.File2},
          {"lblUpdateGame", tgl.lblUpdateGame}});
+  PrintGameTools(app);
   auto& dialog = app.Screen<frmPac_InputBox>();
   dialog.LayOutQuestion(u"", Title::Warning);
   Print("frmPac_InputBox", dialog,
