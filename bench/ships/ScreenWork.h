@@ -7,7 +7,7 @@ namespace tarvo::bench {
 /// Runs the Game Tools over a game of MakeShipSet in this process, with no window, and prints what
 /// took how many seconds, "NAME SECONDS" a line. Throws when a list isn't what the game holds.
 ///
-/// `check` stops behind the check of all ships, as the process that is measured against another.
+/// `check`: the check of all ships alone, instead of the tabs.
 void WorkOnScreen(const std::filesystem::path& game, const std::filesystem::path& program,
                   bool check);
 

@@ -28,9 +28,12 @@ class GameToolsScreen : public testing::Test {
     main = &machine.Start();
   }
 
+  /// The screen as if all its tabs were open at once.
   frmGameTools& Open() {
     frmGameTools& screen = machine.app.Screen<frmGameTools>();
     screen.Visible = true;
+    main->Visible = true;
+    for (Frame* area : {&screen.fraSound, &screen.fraMenus}) area->Visible = true;
     return screen;
   }
 

@@ -10,7 +10,6 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::Not;
 using testing::UnorderedElementsAre;
 
@@ -39,13 +38,13 @@ class QBMenusScreen : public GameToolsScreen {
 
   void AddMenu(frmGameTools& screen, const Text& typed) {
     machine.answers = {typed};
-    screen.lblAddQB.Press();
+    screen.AddQBMenu();
   }
 
   /// Deletes the menu as the user does, who has opened it in the tree.
   void DeleteMenu(frmGameTools& screen, int index) {
     screen.SelectedMenu = static_cast<std::int16_t>(index);
-    screen.lblDeleteQB.Press();
+    screen.DeleteQBMenu();
   }
 
   bool Told(const Text& message) {
@@ -116,17 +115,6 @@ TEST_F(QBMenusScreen, AddPutsTheMenuIntoBothDatabases) {
                                    u"Quit|Quit Data|sfx/x.mp3"));
   screen.LoadQBMenus();
   EXPECT_EQ(screen.lstSpecies.Count(), 3u);
-}
-
-TEST_F(QBMenusScreen, AddKeepsTheEarlierEntryOfAName) {
-  frmGameTools& screen = Open();
-  AddMenu(screen, u"Borg");
-  AddMenu(screen, u"BORG");
-  EXPECT_THAT(DatabaseLines(species), ElementsAre(Line(u"Borg Ships")));
-  EXPECT_THAT(DatabaseLines(quickBattle), ElementsAre(Line(u"Borg Ships")));
-  EXPECT_EQ(screen.lstSpecies.Count(), 2u);
-  screen.LoadQBMenus();
-  EXPECT_EQ(screen.lstSpecies.Count(), 1u);
 }
 
 TEST_F(QBMenusScreen, AddWithoutANameTouchesNothing) {
@@ -285,24 +273,6 @@ TEST_F(QBMenusScreen, NoFailureLooksLikeASuccess) {
     }
   }
   EXPECT_GT(failures, 10);
-}
-
-TEST_F(QBMenusScreen, WriteFailuresAreToldWithTheirFile) {
-  frmGameTools& screen = Open();
-  struct Case {
-    int commit;
-    const Text& path;
-  };
-  for (const Case& c : {Case{1, quickBattle}, Case{2, species}}) {
-    machine.files.Fail(FileStep::Commit, c.commit, EACCES);
-    AddMenu(screen, u"Borg");
-    EXPECT_TRUE(TakeMessages(BoxIcon::Critical).at(0).find(c.path) != Text::npos);
-    EXPECT_THAT(StatusLine(), Holds(u"Permission denied"));
-    EXPECT_TRUE(machine.app.Failures.at(0).OnFile);
-    EXPECT_THAT(CustomMenus(screen), IsEmpty());
-  }
-  AddMenu(screen, u"Borg");
-  EXPECT_THAT(TakeMessages(BoxIcon::Information), ElementsAre(kUpdated));
 }
 
 TEST_F(QBMenusScreen, ShipsThatCantBeMovedAreNotCalledMoved) {

@@ -85,16 +85,6 @@ TEST_F(SoundLists, EmptyAndMissingFoldersAreFilledFromNothing) {
   EXPECT_FALSE(screen.fraProgress.Visible);
 }
 
-TEST_F(SoundLists, ScriptThatCantBeReadIsNamedAndTheOthersCount) {
-  PutHardpoint(u"a.py", "SetFireSound(\"A\")");
-  PutHardpoint(u"b.py", "SetFireSound(\"B\")");
-  frmGameTools& screen = Open();
-  machine.files.Fail(FileStep::Open, 1, EACCES);
-  screen.FillSoundLists();
-  EXPECT_THAT(Weapons(screen), ElementsAre(u"B"));
-  EXPECT_THAT(StatusLine(), Holds(u"a.py: Permission denied"));
-}
-
 TEST_F(SoundLists, OneScriptAddsWhatTheListLacks) {
   PutHardpoint(u"a.py", "SetFireSound(\"b\") SetFireSound(\"B\") Tactical.Projectiles.a\")");
   frmGameTools& screen = Open();

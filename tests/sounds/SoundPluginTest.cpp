@@ -67,17 +67,5 @@ TEST(SoundPlugin, ReadsHandMadeLinesAsFarAsTheyHaveTheForm) {
   }
 }
 
-TEST(SoundPlugin, FilesGiveTheNamesOfTheirPlugins) {
-  struct Case {
-    TextView file;
-    TextView expected;
-  };
-  for (const Case& c :
-       {Case{u"My_SoundPak.py", u"My"}, Case{u"My_SOUNDPAK.PY", u"My"}, Case{u"_SoundPak.py", u""},
-        Case{u"A_SoundPak.py_SoundPak.py", u"A"}, Case{u"x.py", u"x.py"}}) {
-    EXPECT_EQ(SoundPluginOfFile(c.file), c.expected);
-  }
-}
-
 }  // namespace
 }  // namespace tarvo
