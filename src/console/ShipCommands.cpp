@@ -40,10 +40,10 @@ nlohmann::json JsonReferences(const std::vector<CheckedReference>& references) {
   auto array = nlohmann::json::array();
   for (const CheckedReference& checked : references) {
     nlohmann::json compiled;
-    if (checked.Compiled) compiled = checked.Compiled->Found;
+    if (checked.Answers.Compiled) compiled = checked.Answers.Compiled->Found;
     array.push_back({{"label", Json(checked.Reference.Label)},
                      {"path", Json(checked.Reference.Path)},
-                     {"found", checked.File.Found},
+                     {"found", checked.Answers.File.Found},
                      {"pyc", compiled}});
   }
   return array;

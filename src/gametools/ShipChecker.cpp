@@ -27,18 +27,33 @@ std::unordered_map<Text, Text> frmGameTools::ShipScripts() const {
   return scripts;
 }
 
-std::vector<CheckedReference> frmGameTools::CheckShipScript(const Text& fileName) {
-  app_.State.MissingFileCount = 0;
-  std::vector<CheckedReference> checked;
-  for (const ShipReference& reference : scripts_.Of(ScriptPath(fileName))) {
-    const Text path = app_.State.GamePath + reference.Path;
-    CheckedReference& file = checked.emplace_back();
-    file.Reference = reference;
-    file.File = Ask(app_, path);
-    if (!reference.IsScript || file.File.Found) continue;
-    file.Compiled = Ask(app_, path + u"c");
+/// `own` is the path of the script that was just read: most scripts name themselves, and a file
+/// need not be asked for twice.
+FileAnswers frmGameTools::LookUp(const ShipReference& reference, const Text& own) {
+  const Text path = app_.State.GamePath + reference.Path;
+  if (path == own) return {{kFileOk, true}, {}};
+  FileAnswers answers{Ask(app_, path), {}};
+  if (reference.IsScript && !answers.File.Found) {
+    answers.Compiled = Ask(app_, path + u"c");
     --app_.State.MissingFileCount;
   }
+  return answers;
+}
+
+template <class Use>
+void frmGameTools::LookUpAll(const Text& fileName, Use&& use) {
+  app_.State.MissingFileCount = 0;
+  const Text path = ScriptPath(fileName);
+  const LearntScript& script = scripts_.Of(path);
+  const Text own = script.HasText ? path : Text();
+  for (const ShipReference& reference : script.References) use(reference, LookUp(reference, own));
+}
+
+std::vector<CheckedReference> frmGameTools::CheckShipScript(const Text& fileName) {
+  std::vector<CheckedReference> checked;
+  LookUpAll(fileName, [&](const ShipReference& reference, FileAnswers answers) {
+    checked.push_back({reference, answers});
+  });
   return checked;
 }
 
@@ -81,7 +96,7 @@ void frmGameTools::ScanShip(std::size_t row, const Text& script) {
     app_.dialogue.PacMsg(u"Ship " + ship + u" is not found!!! Please Reinstall this Ship!",
                          Title::Critical);
   } else {
-    CheckShipScript(script);
+    LookUpAll(script, [](const ShipReference&, const FileAnswers&) {});
     if (app_.State.MissingFileCount <= 0) return;
     app_.dialogue.PacMsg(u"Ship " + ship + u" has Problems with it, Please use the File Checker!",
                          Title::Warning);

@@ -216,6 +216,16 @@ class frmGameTools : public Form {
   bool WriteShipPlugin();
   bool ScriptIsListed(const Text& ship) const;
   bool MakeShipScript(const Text& ship);
+  struct LearntScript {
+    std::vector<ShipReference> References;
+    bool HasText = false;
+  };
+  static LearntScript LearnScript(const FileText& text) {
+    return {ShipReferences(text), !text.empty()};
+  }
+  FileAnswers LookUp(const ShipReference& reference, const Text& own);
+  template <class Use>
+  void LookUpAll(const Text& fileName, Use&& use);
   void ScanShip(std::size_t row, const Text& script);
   void SelectShipOfTree();
   std::vector<int> OpenMenus() const;
@@ -229,7 +239,7 @@ class frmGameTools : public Form {
   void DeleteDisabledShips();
 
   Application& app_;
-  FileFacts<std::vector<ShipReference>> scripts_{app_, ShipReferences};
+  FileFacts<LearntScript> scripts_{app_, LearnScript, ShowsAllReferences};
 
   // --- menus and sounds ---
   void BeginCommand(TextView status);

@@ -45,7 +45,7 @@ class frmPackager::Installation {
       }
     }
     bodies_ = FindBodies(*package_, list.BodiesStart, entries_.size(), app_.State.ReadChunkSize,
-                         [&] { Guarded([&] { progress.Advance(); }); });
+                         [&] { progress.Advance(); });
   }
 
   void Write() {

@@ -85,16 +85,24 @@ std::vector<ShipReference> ShipReferences(FileTextView script) {
   return references;
 }
 
+bool ShowsAllReferences(FileTextView head) {
+  const ValuePlaces places = FindValues(head);
+  return std::all_of(places.begin(), places.end(), [&](std::size_t place) {
+    return place != FileTextView::npos && head.find(',', place) != FileTextView::npos;
+  });
+}
+
 Text CheckReport(TextView gamePath, const std::vector<CheckedReference>& references) {
   const Text rule = Line(Text(27, u'='));
   Text report = Line(u"Checking File Structures...") + Text(kLineEnd);
   for (const CheckedReference& checked : references) {
     const Text path = Showable(checked.Reference.Path);
     report += rule + Line(checked.Reference.Label);
-    report += Line(Text(gamePath) + path) + Line(checked.File.Words);
-    if (checked.Compiled) {
-      report += checked.Compiled->Found ? u"BUT .PYC was found!  " : u"AND .PYC was not found!  ";
-      report += Line(path + u"c") + Line(checked.Compiled->Words);
+    report += Line(Text(gamePath) + path) + Line(checked.Answers.File.Words);
+    if (checked.Answers.Compiled) {
+      report +=
+          checked.Answers.Compiled->Found ? u"BUT .PYC was found!  " : u"AND .PYC was not found!  ";
+      report += Line(path + u"c") + Line(checked.Answers.Compiled->Words);
     }
     report += rule + Text(kLineEnd);
   }

@@ -21,18 +21,25 @@ struct ShipReference {
 /// two are taken from the script's beginning when their keys are missing, so they are never right.
 std::vector<ShipReference> ShipReferences(FileTextView script);
 
+/// True when the beginning of a ship script shows all its references, whatever follows.
+bool ShowsAllReferences(FileTextView head);
+
 /// The answer to the question for one file.
 struct FileAnswer {
   TextView Words;
   bool Found = false;
 };
 
-struct CheckedReference {
-  ShipReference Reference;
+struct FileAnswers {
   FileAnswer File;
   std::optional<FileAnswer> Compiled;  ///< Nothing where it wasn't looked for.
 
   bool InOrder() const { return File.Found || (Compiled && Compiled->Found); }
+};
+
+struct CheckedReference {
+  ShipReference Reference;
+  FileAnswers Answers;
 };
 
 /// What was looked for, with CR LF at the end of each line. Control characters are blanks in it.

@@ -83,7 +83,9 @@ FileText ReadWhatCanBe(Application& app, TextView path, std::optional<PlatformEr
       const auto file = files.Open(path);
       opened = true;
       ReadProgress progress(app, file->Size());
-      while (ReadChunk(*file, std::max(1u, app.State.ReadChunkSize), text)) progress.Advance();
+      const std::uint32_t chunk = std::max(1u, app.State.ReadChunkSize);
+      while (ReadChunk(*file, chunk, text) && progress.Advance()) {
+      }
     } catch (const PlatformError& error) {
       failure = error;
       throw;
@@ -131,11 +133,22 @@ FileText ReadFileText(Application& app, TextView path) {
 }
 
 FileText LookAtFile(Application& app, const Text& path) {
-  const auto stamp = app.machine.files.Stamp(path);
+  return LookAtFile(app, path, app.machine.files.Stamp(path));
+}
+
+FileText LookAtFile(Application& app, const Text& path, const std::optional<FileStamp>& stamp) {
   if (!stamp || stamp->Size == 0) return {};
   std::optional<PlatformError> failure;
   FileText text = ReadWhatCanBe(app, path, failure);
   if (failure) NoteFailure(app, *failure);
+  return text;
+}
+
+FileText LookAtHead(Application& app, const Text& path, std::size_t bytes) {
+  FileText text(bytes, '\0');
+  std::size_t got = 0;
+  NotingFailures(app, [&] { got = app.machine.files.Open(path)->ReadAt(0, std::span(text)); });
+  text.resize(got);
   return text;
 }
 

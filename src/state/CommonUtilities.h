@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "platform/Files.h"
 #include "platform/PlatformError.h"
 #include "state/Application.h"
 #include "text/RaisedError.h"
@@ -37,6 +38,13 @@ FileText ReadFileText(Application& app, TextView path);
 /// ReadFileText for a routine that only looks: a missing file, or one of no bytes, is an empty text
 /// and stays as it is. A file that can't be read to its end is noted.
 FileText LookAtFile(Application& app, const Text& path);
+
+/// The same for a caller who has the file's stamp, or nothing where there is no file.
+FileText LookAtFile(Application& app, const Text& path, const std::optional<FileStamp>& stamp);
+
+/// The first `bytes` of a file that has at least as many; fewer, and noted, when they can't be
+/// read. No bar follows.
+FileText LookAtHead(Application& app, const Text& path, std::size_t bytes);
 
 /// Makes `text` the file's bytes, by atomic replacement. An empty text changes nothing. A failure
 /// is told in a message box and noted; the file then stands as it was.

@@ -17,7 +17,12 @@ class FileFacts {
  public:
   using Learn = std::function<Facts(const FileText& text)>;
 
-  FileFacts(Application& app, Learn learn) : app_(app), learn_(std::move(learn)) {}
+  /// Tells whether the beginning of a text shows all that is to be learnt.
+  using Enough = std::function<bool(FileTextView head)>;
+
+  /// With `enough` the rest of a file is read only where its beginning doesn't do.
+  FileFacts(Application& app, Learn learn, Enough enough = nullptr)
+      : app_(app), learn_(std::move(learn)), enough_(std::move(enough)) {}
 
   /// The facts of the file; those of an empty text where there is none. Valid until the next call.
   const Facts& Of(const Text& path) {
@@ -26,9 +31,7 @@ class FileFacts {
     Learnt& learnt = place->second;
     if (isNew || learnt.stamp != stamp) {
       learnt.stamp = stamp;
-      const FileText text = LookAtFile(app_, path);
-      learnt.facts = learn_(text);
-      if (stamp && text.size() < stamp->Size) learnt.stamp.reset();
+      if (!LearnFromHead(path, learnt)) LearnFromAll(path, learnt);
     }
     return learnt.facts;
   }
@@ -39,8 +42,25 @@ class FileFacts {
     Facts facts{};
   };
 
+  static constexpr std::size_t kHead = 4096;
+
+  bool LearnFromHead(const Text& path, Learnt& learnt) {
+    if (!enough_ || !learnt.stamp || learnt.stamp->Size <= kHead) return false;
+    const FileText head = LookAtHead(app_, path, kHead);
+    if (!enough_(head)) return false;
+    learnt.facts = learn_(head);
+    return true;
+  }
+
+  void LearnFromAll(const Text& path, Learnt& learnt) {
+    const FileText text = LookAtFile(app_, path, learnt.stamp);
+    learnt.facts = learn_(text);
+    if (learnt.stamp && text.size() < learnt.stamp->Size) learnt.stamp.reset();
+  }
+
   Application& app_;
   Learn learn_;
+  Enough enough_;
   std::unordered_map<Text, Learnt> learnt_;
 };
 

@@ -23,9 +23,12 @@ ReadProgress::ReadProgress(Application& app, std::uint64_t fileLength)
   bar_->SetRange(0, static_cast<std::int64_t>(fileLength), first);
 }
 
-void ReadProgress::Advance() {
-  if (!bar_) return;
-  bar_->SetValue(bar_->Value() + app_.State.ReadChunkSize - 1);
+bool ReadProgress::Advance() {
+  if (!bar_) return true;
+  const std::int64_t value = bar_->Value() + app_.State.ReadChunkSize - 1;
+  if (value > bar_->Max()) return false;
+  bar_->SetValue(value);
+  return true;
 }
 
 }  // namespace tarvo

@@ -74,7 +74,7 @@ TEST_F(MenuCommands, StatusTellsWhetherDiskOrContentFailed) {
   files.Fail(FileStep::Open, 1, EACCES, true);
   const Outcome closed = Do({"menus"});
   EXPECT_EQ(closed.status, 3);
-  EXPECT_NE(closed.words.find("Species.TGL: Permission denied"), std::string::npos);
+  EXPECT_NE(closed.words.find("Error: Permission denied"), std::string::npos);
   files.Heal();
   EXPECT_EQ(folder.Get("program/QBMenus/Species.TGL"), "no database");
   EXPECT_EQ(folder.Get("game/data/TGL/QuickBattle/QuickBattle.TGL"), game);

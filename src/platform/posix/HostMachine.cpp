@@ -24,8 +24,7 @@ HostMachine OpenHostMachine() {
   machine.files = OpenFiles(DefaultJournalFolder());
   machine.files->RemoveAbandoned();
   machine.settings = std::make_unique<IniSettings>(DefaultSettingsFile());
-  machine.registry =
-      std::make_unique<WineRegistry>(UsualWinePrefixes(CurrentWineEnvironment()));
+  machine.registry = std::make_unique<WineRegistry>(UsualWinePrefixes(CurrentWineEnvironment()));
   machine.locale = std::make_unique<PosixLocale>();
   machine.clock = std::make_unique<SystemClock>();
   return machine;

@@ -9,9 +9,13 @@
 
 namespace tarvo {
 
-PosixFileReader::PosixFileReader(const std::string& hostPath, TextView path)
-    // Without O_NONBLOCK the opening of a pipe would wait for its writer.
-    : path_(path), file_(open(hostPath.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK)) {
+/// Without O_NONBLOCK the opening of a pipe would wait for its writer.
+Descriptor PosixFileReader::TryOpen(const std::string& hostPath) {
+  return Descriptor(open(hostPath.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+}
+
+PosixFileReader::PosixFileReader(Descriptor file, TextView path)
+    : path_(path), file_(std::move(file)) {
   struct stat state;
   if (!file_.IsOpen() || fstat(file_.Get(), &state) != 0) {
     throw PlatformError(u"open", path_, errno);

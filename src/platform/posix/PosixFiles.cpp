@@ -133,7 +133,10 @@ void PosixFiles::SetAttributes(TextView path, unsigned attributes) {
 }
 
 std::unique_ptr<FileReader> PosixFiles::Open(TextView path) {
-  return std::make_unique<PosixFileReader>(FilePath(u"open", path), path);
+  const std::optional<std::string> spelled = SpelledHostPath(path);
+  Descriptor file = spelled ? PosixFileReader::TryOpen(*spelled) : Descriptor();
+  if (!file.IsOpen()) file = PosixFileReader::TryOpen(FilePath(u"open", path));
+  return std::make_unique<PosixFileReader>(std::move(file), path);
 }
 
 std::unique_ptr<FileReplacement> PosixFiles::Replace(TextView path) {
