@@ -16,8 +16,6 @@
 namespace tarvo {
 namespace {
 
-constexpr TextView kStatus = u"Manage your Quick Battle menus...";
-
 /// Scripts in the folder of the ship plug-ins that are none.
 constexpr std::array<TextView, 4> kNoPlugins = {u"DamoclesModPack.py", u"__init__.py",
                                                 u"FTBLoader.py", u"Custom.py"};
@@ -188,7 +186,6 @@ bool frmGameTools::AddMenuStrings(const Text& name) {
 
 void frmGameTools::AddQBMenu() {
   PlayEffect(app_, u"CommandBeep.wav", kPlayToEnd);
-  BeginCommand(kStatus);
   PlayEffect(app_, u"Specify.wav", kPlay);
   Text name = app_.dialogue.PacAskText(u"Enter New QB Menu Name...", Title::Information);
   if (!name.empty()) {
@@ -208,7 +205,6 @@ void frmGameTools::AddQBMenu() {
 
 void frmGameTools::DeleteQBMenu() {
   PlayEffect(app_, u"CommandBeep.wav", kPlayUnlessBusy);
-  BeginCommand(kStatus);
   const int row = SelectedMenu - kFirstCustomMenu;
   if (row < 0 || static_cast<std::size_t>(row) >= lstSpecies.Count()) {
     app_.dialogue.PacMsg(

@@ -13,8 +13,6 @@
 namespace tarvo {
 namespace {
 
-constexpr TextView kStatus = u"Create a New Sound Plugin...";
-
 bool HasItem(const ComboBox& box, const Text& item) {
   for (std::size_t row = 0; row < box.Count(); ++row) {
     if (box.Item(row) == item) return true;
@@ -25,11 +23,6 @@ bool HasItem(const ComboBox& box, const Text& item) {
 }  // namespace
 
 /// What failed before belongs to another command.
-void frmGameTools::BeginCommand(TextView status) {
-  app_.Failures.clear();
-  app_.shell->ShowStatus(status);
-}
-
 Text frmGameTools::SoundPluginPath() const {
   return JoinPath(app_.State.GamePath, u"\\scripts\\Custom\\Autoload\\" + cboSoundName.Text() +
                                            Text(kSoundPluginEnding));
@@ -73,7 +66,6 @@ void frmGameTools::lblRemoveSound_Click() {
 
 void frmGameTools::ReadSoundPlugin() {
   PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
-  BeginCommand(kStatus);
   lstSoundInfo.Clear();
   for (Text& entry : SoundPluginEntries(LookAtFile(app_, SoundPluginPath()))) {
     lstSoundInfo.Add(std::move(entry));
@@ -87,7 +79,6 @@ void frmGameTools::cboSoundName_Change() {
 /// When the file can't be written the entries stay, so that the user can try again.
 void frmGameTools::MakeSoundPlugin() {
   PlayEffect(app_, u"CommandBeep.wav", kPlayUnlessBusy);
-  BeginCommand(kStatus);
   const Text name = cboSoundName.Text();
   if (name.empty()) {
     app_.dialogue.PacMsg(u"You did not specify a File Name!!!", Title::Warning);

@@ -122,7 +122,8 @@ void frmGameTools::PlayClick() {
 
 void frmGameTools::ShowTab(const Tab& tab) {
   PlayEffect(app_, u"TabBeep.wav", tab.Sound);
-  app_.shell->ShowStatus(tab.Status);
+  status_ = Text(tab.Status);
+  app_.shell->ShowStatus(status_);
   if (app_.State.PacHelper) app_.dialogue.PacMsg(tab.Tip, Title::Information);
   for (Frame* area : {&fraShipInfo, &fraSound, &fraMenus, &fraIntegrity}) {
     area->Visible = area == &tab.Area;
@@ -177,11 +178,21 @@ void frmGameTools::Connect() {
   Scroll_Timer.OnTimer = [this] { Scroll(); };
 }
 
+/// What the user sets off: the routine begins with no failures noted, and with the tab's own words
+/// in the status line.
+std::function<void()> frmGameTools::Command(void (frmGameTools::*routine)()) {
+  return [this, routine] {
+    app_.Failures.clear();
+    app_.shell->ShowStatus(status_);
+    (this->*routine)();
+  };
+}
+
 void frmGameTools::ConnectTabs() {
-  lblShipPlugin.OnClick = [this] { lblShipPlugin_Click(); };
-  lblSoundPlugin.OnClick = [this] { lblSoundPlugin_Click(); };
-  lblMenus.OnClick = [this] { lblMenus_Click(); };
-  lblChecker.OnClick = [this] { lblChecker_Click(); };
+  lblShipPlugin.OnClick = Command(&frmGameTools::lblShipPlugin_Click);
+  lblSoundPlugin.OnClick = Command(&frmGameTools::lblSoundPlugin_Click);
+  lblMenus.OnClick = Command(&frmGameTools::lblMenus_Click);
+  lblChecker.OnClick = Command(&frmGameTools::lblChecker_Click);
   for (Button* exit : {&lblExit, &lblExit1, &lblExit2, &lblExit3}) {
     exit->OnClick = [this] { Leave(); };
   }
@@ -189,26 +200,26 @@ void frmGameTools::ConnectTabs() {
 
 void frmGameTools::ConnectLists() {
   cboShipName.OnChange = [this] { ShipNameChanged(); };
-  cboShipName.OnClick = [this] { LoadShipPlugin(); };
+  cboShipName.OnClick = Command(&frmGameTools::LoadShipPlugin);
   cboSpecies.OnClick = [this] { cboSpecies_Click(); };
   FileList2.OnClick = [this] { PickShipScript(); };
   cboSoundName.OnChange = [this] { cboSoundName_Change(); };
-  cboSoundName.OnClick = [this] { ReadSoundPlugin(); };
+  cboSoundName.OnClick = Command(&frmGameTools::ReadSoundPlugin);
   lstDisabled.OnClick = [this] { PlayClick(); };
-  FileList3.OnClick = [this] { CheckShipFiles(); };
+  FileList3.OnClick = Command(&frmGameTools::CheckShipFiles);
 }
 
 void frmGameTools::ConnectCommands() {
-  lblMakeShipPlugin.OnClick = [this] { MakeShipPlugin(); };
+  lblMakeShipPlugin.OnClick = Command(&frmGameTools::MakeShipPlugin);
   lblPlaySound.OnClick = [this] { lblPlaySound_Click(); };
   lblAddSound.OnClick = [this] { AddSoundEntry(); };
   lblRemoveSound.OnClick = [this] { lblRemoveSound_Click(); };
-  lblMakeSoundPlugin.OnClick = [this] { MakeSoundPlugin(); };
-  lblAddQB.OnClick = [this] { AddQBMenu(); };
-  lblDeleteQB.OnClick = [this] { DeleteQBMenu(); };
-  lblEnable.OnClick = [this] { EnableShips(); };
-  lblDisable.OnClick = [this] { DisableShips(); };
-  lblDelete.OnClick = [this] { DeleteShips(); };
+  lblMakeSoundPlugin.OnClick = Command(&frmGameTools::MakeSoundPlugin);
+  lblAddQB.OnClick = Command(&frmGameTools::AddQBMenu);
+  lblDeleteQB.OnClick = Command(&frmGameTools::DeleteQBMenu);
+  lblEnable.OnClick = Command(&frmGameTools::EnableShips);
+  lblDisable.OnClick = Command(&frmGameTools::DisableShips);
+  lblDelete.OnClick = Command(&frmGameTools::DeleteShips);
 }
 
 void frmGameTools::ConnectTree() {

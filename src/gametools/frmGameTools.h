@@ -242,7 +242,6 @@ class frmGameTools : public Form {
   FileFacts<LearntScript> scripts_{app_, LearnScript, ShowsAllReferences};
 
   // --- menus and sounds ---
-  void BeginCommand(TextView status);
   Text SpeciesPath() const;
   Text QuickBattlePath() const;
   void ReadCustomMenus();
@@ -272,6 +271,7 @@ class frmGameTools : public Form {
   void LayOutProgress();
   Label& AddLabel(Control& parent, TextView caption, int left, int top, int width);
   void Connect();
+  std::function<void()> Command(void (frmGameTools::*routine)());
   void ConnectTabs();
   void ConnectLists();
   void ConnectCommands();
@@ -300,6 +300,7 @@ class frmGameTools : public Form {
   void PointAtRow(RowPanel::Place place);
   void PointAtNoRow();
 
+  Text status_;            ///< The status line of the open tab.
   bool overTree_ = false;  ///< The pointer has come onto a row since it was on no row.
 };
 

