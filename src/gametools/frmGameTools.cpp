@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "controls/Palette.h"
 #include "platform/PlatformError.h"
 #include "platform/Sound.h"
 #include "state/CommonUtilities.h"
@@ -100,15 +99,6 @@ void frmGameTools::SetFolders() {
   FileListWavs.SetPath(below(u"\\sfx\\Weapons\\"));
 }
 
-void frmGameTools::Unroll() {
-  if (Height < 5065) {
-    Height = Height + 150;
-  } else {
-    Height = 5065;
-    Load_Timer.Enabled = false;
-  }
-}
-
 void frmGameTools::Leave() {
   PlayClick();
   app_.screens.Close(*this);
@@ -128,13 +118,7 @@ void frmGameTools::ShowTab(const Tab& tab) {
   for (Frame* area : {&fraShipInfo, &fraSound, &fraMenus, &fraIntegrity}) {
     area->Visible = area == &tab.Area;
   }
-  imgButtonSelected.Left = tab.Caption.Left;
-  for (Button* caption : {&lblShipPlugin, &lblSoundPlugin, &lblMenus, &lblChecker}) {
-    const bool chosen = caption == &tab.Caption;
-    if (!chosen) caption->ForeColour = kBlack;
-    caption->BackColour = chosen ? palette::kOrange : palette::kViolet;
-    caption->AccessibleName = chosen ? caption->Caption.Get() + u", chosen tab" : Text();
-  }
+  Tabs().Choose(tab.Caption);
 }
 
 void frmGameTools::lblShipPlugin_Click() {
@@ -174,7 +158,7 @@ void frmGameTools::Connect() {
   ConnectArrow(imgButtonD, u"Down", kTicksOfTree);
   ConnectArrow(imgButtonL, u"Left", kTicksOfVolume);
   ConnectArrow(imgButtonR, u"Right", kTicksOfVolume);
-  Load_Timer.OnTimer = [this] { Unroll(); };
+  Load_Timer.OnTimer = [this] { Unroll(*this, Load_Timer, 5065); };
   Scroll_Timer.OnTimer = [this] { Scroll(); };
 }
 

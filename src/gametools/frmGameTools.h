@@ -16,6 +16,7 @@
 #include "controls/Frame.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
+#include "controls/Placing.h"
 #include "controls/ProgressBar.h"
 #include "controls/RowPanel.h"
 #include "controls/Shape.h"
@@ -261,8 +262,11 @@ class frmGameTools : public Form {
 
   // --- the screen ---
   void LoadSteps();
+  TabStrip Tabs() {
+    return {
+        fraTabLine, imgButtonSelected, {&lblShipPlugin, &lblSoundPlugin, &lblMenus, &lblChecker}};
+  }
   void LayOut();
-  void LayOutTabs();
   void LayOutShipPlugin();
   void LayOutSoundPlugin();
   void LayOutVolume();
@@ -280,7 +284,6 @@ class frmGameTools : public Form {
   void SetFolders();
   struct Tab;
   void ShowTab(const Tab& tab);
-  void Unroll();
   void Scroll();
   void StopAtLimit();
   void StepVolume(int steps);

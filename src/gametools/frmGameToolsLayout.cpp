@@ -1,4 +1,5 @@
 #include "controls/Palette.h"
+#include "controls/Placing.h"
 #include "gametools/frmGameTools.h"
 
 namespace tarvo {
@@ -7,26 +8,12 @@ namespace {
 /// The tab areas: 6900 wide, 4465 high, with a margin of 150 around.
 constexpr int kAreaTop = 600;
 constexpr int kBottomRow = 3975;  ///< Where the commands that end the work stand.
-constexpr int kLineHeight = 345;
-
-void Place(Button& button, TextView caption, Colour colour, int left, int top, int width) {
-  button.Caption = Text(caption);
-  button.BackColour = colour;
-  button.Move(left, top, width, kLineHeight);
-}
 
 void PlaceArrow(Button& button, Button::Arrow glyph, TextView name, int left, int width) {
   button.Glyph = glyph;
   button.AccessibleName = Text(name);
   button.BackColour = palette::kPeach;
-  button.Move(left, 0, width, kLineHeight);
-}
-
-void Place(Control& field, TextView name, int left, int top, int width, int height = kLineHeight) {
-  field.AccessibleName = Text(name);
-  field.BackColour = palette::kPanel;
-  field.ForeColour = palette::kPeach;
-  field.Move(left, top, width, height);
+  button.Move(left, 0, width, kFieldHeight);
 }
 
 void PlaceBar(Frame& bar, Colour colour, int left, int top, int width, int height) {
@@ -45,9 +32,7 @@ void PlaceBar(ProgressBar& bar, TextView name, Colour colour, int top) {
 
 Label& frmGameTools::AddLabel(Control& parent, TextView caption, int left, int top, int width) {
   Label& label = labels.emplace_back(&parent);
-  label.Caption = Text(caption);
-  label.ForeColour = palette::kPeach;
-  label.Move(left, top, width, 270);
+  Place(label, caption, left, top, width);
   return label;
 }
 
@@ -59,28 +44,13 @@ void frmGameTools::LayOut() {
                                                        &lstEnabled, &lstSpecies}) {
     list->Visible = false;
   }
-  LayOutTabs();
+  Tabs().Place({u"Ship Plugin", u"Sound Plugin", u"Menus", u"Checker"});
   LayOutShipPlugin();
   LayOutSoundPlugin();
   LayOutVolume();
   LayOutMenus();
   LayOutChecker();
   LayOutProgress();
-}
-
-void frmGameTools::LayOutTabs() {
-  PlaceBar(fraTabLine, palette::kOrange, 0, 525, 6900, 45);
-  PlaceBar(imgButtonSelected, palette::kOrange, 120, 285, 1425, 270);
-  int left = 120;
-  const auto place = [&left](Button& tab, TextView caption) {
-    Place(tab, caption, palette::kViolet, left, 120, 1425);
-    tab.Font = {FontRole::Normal, 9};
-    left += 1680;
-  };
-  place(lblShipPlugin, u"Ship Plugin");
-  place(lblSoundPlugin, u"Sound Plugin");
-  place(lblMenus, u"Menus");
-  place(lblChecker, u"Checker");
 }
 
 /// The fields, and beside them the scripts whose names they can take.
@@ -159,7 +129,7 @@ void frmGameTools::LayOutMenus() {
   AddLabel(fraMenus, u"Quick Battle Menus", 150, 90, 2310);
   fraTree.Move(150, 330, 2310, 3405);
   fraQBMenu.AccessibleName = u"Quick Battle menus";
-  Frame1.Move(150, kBottomRow, 2250, kLineHeight);
+  Frame1.Move(150, kBottomRow, 2250, kFieldHeight);
   PlaceArrow(imgButtonU, Button::Arrow::Up, u"Scroll the menus up", 0, 1080);
   PlaceArrow(imgButtonD, Button::Arrow::Down, u"Scroll the menus down", 1170, 1080);
   constexpr int kMiddle = 2670;

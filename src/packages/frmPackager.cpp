@@ -1,6 +1,7 @@
 #include "packages/frmPackager.h"
 
 #include "controls/ControlErrors.h"
+#include "controls/Placing.h"
 #include "packages/PackageFormat.h"
 #include "platform/Files.h"
 #include "platform/Guarded.h"
@@ -89,16 +90,7 @@ void frmPackager::Connect() {
     click();
     app_.screens.Close(*this);
   };
-  Load_Timer.OnTimer = [this] { Unroll(); };
-}
-
-void frmPackager::Unroll() {
-  if (Height < 5055) {
-    Height = Height + 150;
-  } else {
-    Height = 5065;
-    Load_Timer.Enabled = false;
-  }
+  Load_Timer.OnTimer = [this] { Unroll(*this, Load_Timer, 5055); };
 }
 
 void frmPackager::FillPackageNames() {

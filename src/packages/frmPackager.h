@@ -79,7 +79,6 @@ class frmPackager : public Form {
   void LayOutCommands();
   void LayOutProgress();
   void Connect();
-  void Unroll();
   void FillPackageNames();
   void ShowShortcut(const Text& root, TextView below);
   Text EntryOf(const Text& fileName) const;

@@ -1,30 +1,8 @@
 #include "controls/Palette.h"
+#include "controls/Placing.h"
 #include "packages/frmPackager.h"
 
 namespace tarvo {
-namespace {
-
-void Place(Button& button, TextView caption, Colour colour, int left, int top, int width) {
-  button.Caption = Text(caption);
-  button.BackColour = colour;
-  button.Move(left, top, width, 345);
-}
-
-void Place(Control& list, TextView name, int left, int top, int width, int height) {
-  list.AccessibleName = Text(name);
-  list.BackColour = palette::kPanel;
-  list.ForeColour = palette::kPeach;
-  list.Move(left, top, width, height);
-}
-
-void Place(Label& label, TextView caption, int left, int top, int width) {
-  label.Caption = Text(caption);
-  label.ForeColour = palette::kPeach;
-  label.Move(left, top, width, 270);
-}
-
-}  // namespace
-
 void frmPackager::LayOut() {
   fraTarvo.Move(0, 0, 6900, 5065);
   LayOutLists();

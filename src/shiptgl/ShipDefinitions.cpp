@@ -96,13 +96,7 @@ void frmTGLTools::LoadShipTGL() {
   file.SetFilename(DefinitionPath(app_.ProgramFolder, ship));
   try {
     file.Load();
-    const ShipTexts texts = TextsOfDefinition(file.Strings(), ship);
-    txtLongName.SetText(texts.LongName);
-    txtDescription.SetText(texts.Description);
-    txtWeapons.SetText(texts.Weapons);
-    txtShields.SetText(texts.Shields);
-    txtHull.SetText(texts.Hull);
-    txtTactics.SetText(texts.Tactics);
+    ShowTexts(TextsOfDefinition(file.Strings(), ship));
   } catch (const RaisedError& error) {
     app_.dialogue.PacMsg(u"Your " + ship + u" file is not Valid with " + app_.State.AppVersion +
                              u", Please make a new one!",

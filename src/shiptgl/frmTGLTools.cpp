@@ -1,6 +1,5 @@
 #include "shiptgl/frmTGLTools.h"
 
-#include "controls/Palette.h"
 #include "platform/Guarded.h"
 #include "platform/Sound.h"
 #include "state/CommonUtilities.h"
@@ -67,16 +66,7 @@ void frmTGLTools::Connect() {
   lblUpdateAllGameTGL.OnClick = [this] { lblUpdateAllGameTGL_Click(); };
   lblExit.OnClick = leave;
   lblExit1.OnClick = leave;
-  Load_Timer.OnTimer = [this] { Unroll(); };
-}
-
-void frmTGLTools::Unroll() {
-  if (Height < 5055) {
-    Height = Height + 150;
-  } else {
-    Height = 5065;
-    Load_Timer.Enabled = false;
-  }
+  Load_Timer.OnTimer = [this] { Unroll(*this, Load_Timer, 5055); };
 }
 
 void frmTGLTools::lblNewTGL_Click() {
@@ -108,12 +98,7 @@ void frmTGLTools::Open(const Tab& tab) {
   status_ = Text(tab.Status);
   BeginCommand();
   if (app_.State.PacHelper) app_.dialogue.PacMsg(tab.Hint, Title::Information);
-  imgButtonSelected.Left = tab.Caption.Left;
-  for (Button* caption : {&lblNewTGL, &lblEditTGL, &lblDeleteTGL, &lblGameTGL}) {
-    const bool chosen = caption == &tab.Caption;
-    caption->BackColour = chosen ? palette::kOrange : palette::kViolet;
-    caption->AccessibleName = chosen ? caption->Caption.Get() + u", chosen tab" : Text();
-  }
+  Tabs().Choose(tab.Caption);
   for (Frame* frame : {&fraShipTGL, &fraGameTGL}) frame->Visible = frame == &tab.Shown;
 }
 
@@ -138,8 +123,11 @@ void frmTGLTools::EnableFields(bool enabled) {
 }
 
 void frmTGLTools::ResetFields() {
-  const ShipTexts texts;
   cboShipNames.SetText(u"Select a Ship TGL!");
+  ShowTexts({});
+}
+
+void frmTGLTools::ShowTexts(const ShipTexts& texts) {
   txtLongName.SetText(texts.LongName);
   txtDescription.SetText(texts.Description);
   txtWeapons.SetText(texts.Weapons);

@@ -8,6 +8,7 @@
 #include "controls/Form.h"
 #include "controls/Frame.h"
 #include "controls/Label.h"
+#include "controls/Placing.h"
 #include "controls/ProgressBar.h"
 #include "controls/TextBox.h"
 #include "controls/Timer.h"
@@ -100,17 +101,19 @@ class frmTGLTools : public Form {
  private:
   struct Tab;
 
+  TabStrip Tabs() {
+    return {fraTabLine, imgButtonSelected, {&lblNewTGL, &lblEditTGL, &lblDeleteTGL, &lblGameTGL}};
+  }
   void LayOut();
-  void LayOutTabs();
   void LayOutFields();
   void LayOutCommands();
   void LayOutGame();
   void LayOutProgress();
   void Connect();
-  void Unroll();
   void Open(const Tab& tab);
   void OpenDefinitions(const Tab& tab, Button& command);
   void ResetFields();
+  void ShowTexts(const ShipTexts& texts);
   void EnableFields(bool enabled);
   void PickDefinition();
   void BeginCommand();

@@ -1,29 +1,11 @@
 #include "controls/Palette.h"
+#include "controls/Placing.h"
 #include "shiptgl/frmTGLTools.h"
 
 namespace tarvo {
 namespace {
 
 constexpr int kCommandTop = 3750;
-
-void Place(Button& button, TextView caption, Colour colour, int left, int top, int width) {
-  button.Caption = Text(caption);
-  button.BackColour = colour;
-  button.Move(left, top, width, 345);
-}
-
-void Place(Control& field, TextView name, int left, int top, int width, int height) {
-  field.AccessibleName = Text(name);
-  field.BackColour = palette::kPanel;
-  field.ForeColour = palette::kPeach;
-  field.Move(left, top, width, height);
-}
-
-void Place(Label& label, TextView caption, int left, int top, int width) {
-  label.Caption = Text(caption);
-  label.ForeColour = palette::kPeach;
-  label.Move(left, top, width, 270);
-}
 
 /// A field with its label at its side.
 void Place(Label& label, Control& field, TextView caption, int top, int height) {
@@ -38,28 +20,11 @@ void frmTGLTools::LayOut() {
     frame->BackColour = kBlack;
     frame->Move(0, 600, 6900, 4465);
   }
-  LayOutTabs();
+  Tabs().Place({u"New TGL", u"Edit TGL", u"Delete TGL", u"Game TGL"});
   LayOutFields();
   LayOutCommands();
   LayOutGame();
   LayOutProgress();
-}
-
-void frmTGLTools::LayOutTabs() {
-  fraTabLine.BackColour = palette::kOrange;
-  fraTabLine.Move(0, 525, 6900, 45);
-  imgButtonSelected.BackColour = palette::kOrange;
-  imgButtonSelected.Move(120, 285, 1425, 270);
-  int left = 120;
-  const auto place = [&left](Button& tab, TextView caption) {
-    Place(tab, caption, palette::kViolet, left, 120, 1425);
-    tab.Font = {FontRole::Normal, 9};
-    left += 1680;
-  };
-  place(lblNewTGL, u"New TGL");
-  place(lblEditTGL, u"Edit TGL");
-  place(lblDeleteTGL, u"Delete TGL");
-  place(lblGameTGL, u"Game TGL");
 }
 
 /// The definitions on the left, the texts of one of them on the right.

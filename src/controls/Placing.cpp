@@ -1,0 +1,67 @@
+#include "controls/Placing.h"
+
+#include "controls/Palette.h"
+
+namespace tarvo {
+namespace {
+
+constexpr int kTabWidth = 1425;
+constexpr int kTabPitch = 1680;
+constexpr int kTabLeft = 120;
+constexpr int kScreenWidth = 6900;
+constexpr int kScreenHeight = 5065;
+
+}  // namespace
+
+void Place(Button& button, TextView caption, Colour colour, int left, int top, int width) {
+  button.Caption = Text(caption);
+  button.BackColour = colour;
+  button.Move(left, top, width, kFieldHeight);
+}
+
+void Place(Control& field, TextView name, int left, int top, int width, int height) {
+  field.AccessibleName = Text(name);
+  field.BackColour = palette::kPanel;
+  field.ForeColour = palette::kPeach;
+  field.Move(left, top, width, height);
+}
+
+void Place(Label& label, TextView caption, int left, int top, int width) {
+  label.Caption = Text(caption);
+  label.ForeColour = palette::kPeach;
+  label.Move(left, top, width, 270);
+}
+
+void TabStrip::Place(const std::array<TextView, 4>& captions) const {
+  Line.BackColour = palette::kOrange;
+  Line.Move(0, 525, kScreenWidth, 45);
+  Mark.BackColour = palette::kOrange;
+  Mark.Move(kTabLeft, 285, kTabWidth, 270);
+  int left = kTabLeft;
+  for (std::size_t i = 0; i < Tabs.size(); ++i) {
+    tarvo::Place(*Tabs[i], captions[i], palette::kViolet, left, 120, kTabWidth);
+    Tabs[i]->Font = {FontRole::Normal, 9};
+    left += kTabPitch;
+  }
+}
+
+void TabStrip::Choose(const Button& chosen) const {
+  Mark.Left = chosen.Left;
+  for (Button* tab : Tabs) {
+    const bool isChosen = tab == &chosen;
+    if (!isChosen) tab->ForeColour = kBlack;
+    tab->BackColour = isChosen ? palette::kOrange : palette::kViolet;
+    tab->AccessibleName = isChosen ? tab->Caption.Get() + u", chosen tab" : Text();
+  }
+}
+
+void Unroll(Form& screen, Timer& timer, int until) {
+  if (screen.Height < until) {
+    screen.Height = screen.Height + 150;
+  } else {
+    screen.Height = kScreenHeight;
+    timer.Enabled = false;
+  }
+}
+
+}  // namespace tarvo

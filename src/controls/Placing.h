@@ -1,0 +1,40 @@
+#pragma once
+
+#include <array>
+
+#include "controls/Button.h"
+#include "controls/Form.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "controls/Timer.h"
+
+namespace tarvo {
+
+/// How the work screens, which stand on the main menu, place what they have in common. Lengths are
+/// twips.
+
+inline constexpr int kFieldHeight = 345;
+
+/// A command: a bar of that colour with its caption.
+void Place(Button& button, TextView caption, Colour colour, int left, int top, int width);
+
+/// A list or field; `name` is what a screen reader calls it.
+void Place(Control& field, TextView name, int left, int top, int width, int height = kFieldHeight);
+
+void Place(Label& label, TextView caption, int left, int top, int width);
+
+/// The tabs in the first 600 twips of a screen.
+struct TabStrip {
+  Frame& Line;  ///< Runs under all tabs.
+  Frame& Mark;  ///< Joins the chosen one with the line.
+  std::array<Button*, 4> Tabs;
+
+  void Place(const std::array<TextView, 4>& captions) const;
+  void Choose(const Button& chosen) const;
+};
+
+/// One tick of a screen that unrolls downward: it grows by 150 as long as it is lower than `until`,
+/// then has its height of 5065, and the timer stops.
+void Unroll(Form& screen, Timer& timer, int until);
+
+}  // namespace tarvo
