@@ -19,7 +19,7 @@ int ListRows::rowCount(const QModelIndex& parent) const {
 QVariant ListRows::data(const QModelIndex& index, int role) const {
   const auto row = static_cast<std::size_t>(index.row());
   if (!list_ || row >= list_->Count()) return {};
-  if (role == Qt::DisplayRole) return ToQt(list_->Item(row));
+  if (role == Qt::DisplayRole) return Printable(list_->Item(row));
   if (role == Qt::CheckStateRole && list_->MultiSelect()) {
     return list_->Selected(row) ? Qt::Checked : Qt::Unchecked;
   }

@@ -6,6 +6,7 @@
 #include <map>
 
 #include "desktop/RowPanelView.h"
+#include "desktop/Skin.h"
 
 namespace tarvo {
 namespace {

@@ -69,14 +69,6 @@ QRect PixelArea(const RowPanel::Area& area) {
   return {first, behind - QPoint(1, 1)};
 }
 
-QString Printable(const Text& caption) {
-  QString line = ToQt(caption);
-  for (QChar& unit : line) {
-    if (!unit.isPrint() && !unit.isSurrogate()) unit = QChar::ReplacementCharacter;
-  }
-  return line;
-}
-
 RowPanelFace::RowPanelFace(RowPanel& model, QWidget* parent) : QWidget(parent), model_(&model) {
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);

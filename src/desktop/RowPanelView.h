@@ -10,9 +10,6 @@ namespace tarvo {
 /// An area of a panel in pixels of its widget.
 QRect PixelArea(const RowPanel::Area& area);
 
-/// A caption as one line, in which no character moves the others.
-QString Printable(const Text& caption);
-
 /// Draws the rows of a panel that lie in sight, and reports what mouse and keyboard do with them.
 /// The keyboard stands on one row: the arrow keys walk it in the order of the screen, Enter and
 /// Space click it.

@@ -70,6 +70,14 @@ QString ToQt(TextView text) {
   return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
 }
 
+QString Printable(TextView text) {
+  QString line = ToQt(text);
+  for (QChar& unit : line) {
+    if (!unit.isPrint() && !unit.isSurrogate()) unit = QChar::ReplacementCharacter;
+  }
+  return line;
+}
+
 Text FromQt(const QString& text) {
   return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
 }

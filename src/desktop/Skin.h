@@ -20,6 +20,9 @@ inline QString ToQt(const Property<Text>& text) {
 }
 Text FromQt(const QString& text);
 
+/// A text of files as one line: what can't be printed shows as a mark, and moves nothing else.
+QString Printable(TextView text);
+
 QColor ToQt(const Colour& colour);
 
 /// The installed face for the role; points count at 96 dpi whatever the screen says, so that texts

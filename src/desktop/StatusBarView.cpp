@@ -49,7 +49,7 @@ StatusBarView::StatusBarView(StatusBar& model, QWidget* parent)
     : ViewOf(model, new StatusFace(parent)) {}
 
 void StatusBarView::Apply() {
-  const QString line = ToQt(model_.Panel1);
+  const QString line = Printable(model_.Panel1.Get());
   if (face_.text() != line) {
     face_.setText(line);
     // Rich text would swallow what looks like a tag.

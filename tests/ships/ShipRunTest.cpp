@@ -6,7 +6,9 @@
 
 #include "ships/Golden.h"
 #include "ships/ShipPlugin.h"
+#include "shiptgl/PluginPatch.h"
 #include "support/TemporaryFolder.h"
+#include "text/CodePage.h"
 #include "text/Utf8.h"
 
 namespace tarvo::test {
@@ -57,14 +59,20 @@ TEST_F(ShipRun, EveryPluginRegistersWhatItSays) {
                             u"Me", u"1.0",         u"http://",           u"# no comment"};
     const std::string player =
         c.inPlugin == "Bases" ? std::string() : "player menu " + c.inPlugin + "\n";
-    EXPECT_EQ(
-        Run("plugin", ShipPluginText(plugin, RaceWord(plugin.Menu, c.isCustom, {}), u"1/2/2003"),
-            c.ship),
-        c.className + "\n" + c.ship + " 101 [('iconName', 'Icon \u00FC'), ('name', '" + c.ship +
-            "'), ('shipFile', '" + c.ship + "')]\nmenu " + c.inPlugin + "\n" + player +
-            "No Description Available\n['new', 'new', 'known'] ['new', 'new', " +
-            "'known']\n[('author', 'Me'), ('comments', '# no comment'), ('modName', 'Mod'), " +
-            "('sources', ['http://']), ('version', '1.0')]\n");
+    const FileText text =
+        ShipPluginText(plugin, RaceWord(plugin.Menu, c.isCustom, {}), u"1/2/2003");
+    const auto registered = [&](const std::string& description) {
+      return c.className + "\n" + c.ship + " 101 [('iconName', 'Icon \u00FC'), ('name', '" +
+             c.ship + "'), ('shipFile', '" + c.ship + "')]\nmenu " + c.inPlugin + "\n" + player +
+             description + "\n['new', 'new', 'known'] ['new', 'new', 'known']\n" +
+             "[('author', 'Me'), ('comments', '# no comment'), ('modName', 'Mod'), " +
+             "('sources', ['http://']), ('version', '1.0')]\n";
+    };
+    EXPECT_EQ(Run("plugin", text, c.ship), registered("No Description Available"));
+    const std::optional<FileText> patched = PatchForTGL(text, FileTextFromText(ship));
+    ASSERT_TRUE(patched);
+    EXPECT_EQ(Run("plugin", *patched, c.ship), registered("texts of the game: 1 1"));
+    EXPECT_EQ(ReadShipPlugin(*patched), ReadShipPlugin(text));
   }
 }
 

@@ -21,7 +21,10 @@ def run_plugin():
     yield type(ship).__name__
     yield "%s %s %s" % (ship.abbrev, ship.species, sorted(ship.details.items()))
     yield from ship.menus
-    yield ship.desc
+    if hasattr(ship, "hasTGLName"):
+        yield "texts of the game: %s %s" % (ship.hasTGLName, ship.hasTGLDesc)
+    else:
+        yield ship.desc
     yield "%s %s" % (ship.friendlyDetails, ship.enemyDetails)
     yield str(sorted(scope["credits"].items()))
 
