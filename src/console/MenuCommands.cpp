@@ -1,5 +1,5 @@
 #include "console/Commands.h"
-#include "gametools/frmGameTools.h"
+#include "console/GameTools.h"
 #include "quickbattle/QBMenus.h"
 #include "text/Utf8.h"
 
@@ -24,7 +24,7 @@ int FinishWithMessages(Session& session) {
 
 int RunMenus(Session& session) {
   if (!session.RequireGame()) return session.Finish(false);
-  const std::vector<Text> names = MenuNames(session.app.Screen<frmGameTools>());
+  const std::vector<Text> names = MenuNames(OpenGameTools(session, true));
   auto menus = nlohmann::json::array();
   for (std::size_t index = 0; index < names.size(); ++index) {
     menus.push_back({{"index", index},
@@ -40,14 +40,14 @@ int RunAddMenu(Session& session, const std::string& typed) {
   if (!session.RequireGame()) return session.Finish(false);
   session.PrepareProgramFolder();
   session.dialogue.TypeNext(TextFromUtf8(typed));
-  session.app.Screen<frmGameTools>().AddQBMenu();
+  OpenGameTools(session).AddQBMenu();
   return FinishWithMessages(session);
 }
 
 int RunDeleteMenu(Session& session, const std::string& typed) {
   if (!session.RequireGame()) return session.Finish(false);
   session.PrepareProgramFolder();
-  auto& screen = session.app.Screen<frmGameTools>();
+  frmGameTools& screen = OpenGameTools(session);
   const std::vector<Text> names = MenuNames(screen);
   const Text name = TextFromUtf8(typed);
   const auto found = std::find(names.begin(), names.end(), name);

@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "console/Commands.h"
-#include "gametools/frmGameTools.h"
+#include "console/GameTools.h"
 #include "platform/Files.h"
 #include "text/Utf8.h"
 
@@ -52,7 +52,7 @@ nlohmann::json JsonReferences(const std::vector<CheckedReference>& references) {
 int RunCheck(Session& session, const Names& ships) {
   if (!session.RequireGame()) return session.Finish(false);
   const Text& game = session.app.State.GamePath;
-  auto& screen = session.app.Screen<frmGameTools>();
+  frmGameTools& screen = OpenGameTools(session);
   screen.ListShips();
   const auto scripts = screen.ShipScripts();
   bool inOrder = true;
@@ -86,7 +86,7 @@ Text MenuOf(frmGameTools& screen, const Text& ship) {
 
 int RunShips(Session& session) {
   if (!session.RequireGame()) return session.Finish(false);
-  auto& screen = session.app.Screen<frmGameTools>();
+  frmGameTools& screen = OpenGameTools(session);
   screen.ListShips();
   std::vector<Text> lines;
   nlohmann::json result = {{"enabled", nlohmann::json::array()},
@@ -111,7 +111,7 @@ int RunShips(Session& session) {
 int ChangeShips(Session& session, const Names& ships, bool enabled, bool disabled,
                 void (frmGameTools::*operation)()) {
   if (!session.RequireGame()) return session.Finish(false);
-  auto& screen = session.app.Screen<frmGameTools>();
+  frmGameTools& screen = OpenGameTools(session);
   screen.ListShips();
   bool any = false;
   for (const std::string& typed : ships) {
@@ -140,7 +140,7 @@ void SetField(TextBox& field, const std::optional<std::string>& typed) {
 
 int RunShipPlugin(Session& session, const PluginOptions& typed) {
   if (!session.RequireGame()) return session.Finish(false);
-  auto& screen = session.app.Screen<frmGameTools>();
+  frmGameTools& screen = OpenGameTools(session);
   screen.ListShips();
   screen.cboShipName.SetText(TextFromUtf8(typed.ship));
   SetField(screen.txtIconName, typed.icon.value_or(typed.ship));
@@ -159,7 +159,7 @@ int RunShipPlugin(Session& session, const PluginOptions& typed) {
 
 int RunReadPlugin(Session& session, const Text& ship) {
   if (!session.RequireGame()) return session.Finish(false);
-  auto& screen = session.app.Screen<frmGameTools>();
+  frmGameTools& screen = OpenGameTools(session);
   screen.ListShips();
   if (!RowOf(screen.lstEnabled, ship)) {
     ComplainOfShip(session, ship);

@@ -1,7 +1,7 @@
 #include <charconv>
 
 #include "console/Commands.h"
-#include "gametools/frmGameTools.h"
+#include "console/GameTools.h"
 #include "platform/Locale.h"
 #include "sounds/SoundPlugin.h"
 #include "text/Utf8.h"
@@ -56,7 +56,7 @@ Text OnOneLine(TextView name) {
 
 int RunWeapons(Session& session) {
   if (!session.RequireGame()) return session.Finish(false);
-  auto& screen = session.app.Screen<frmGameTools>();
+  frmGameTools& screen = OpenGameTools(session);
   session.Follow(screen.ProgressBar);
   screen.FillSoundLists();
   std::vector<Text> names;
@@ -91,7 +91,7 @@ int RunSoundPlugin(Session& session, const std::string& name,
                    const std::vector<TypedSound>& sounds) {
   if (!session.RequireGame()) return session.Finish(false);
   session.PrepareProgramFolder();
-  auto& screen = session.app.Screen<frmGameTools>();
+  frmGameTools& screen = OpenGameTools(session);
   screen.cboSoundName.SetText(TextFromUtf8(name));
   for (const TypedSound& sound : sounds) AddSound(session, screen, sound);
   if (screen.lstSoundInfo.Count() < sounds.size()) return session.Finish(false);

@@ -23,6 +23,8 @@ TEST_F(SoundCommands, ListWeaponsOneALineWithTheirLineBreaks) {
   const Outcome plain = Do({"weapons"});
   EXPECT_EQ(plain.results, "A\nb \xC3\xBC\nc\" )\\n\n");
   EXPECT_EQ(plain.status, 0);
+  folder.Put("program/QBMenus/Species.TGL", "no database");
+  EXPECT_EQ(Do({"weapons"}).status, 0) << "The command has no use for menus.";
   options.Json = true;
   EXPECT_EQ(Do({"weapons"}).results, "[\"A\",\"b \xC3\xBC\",\"c\\\" )\\r\\n\"]\n");
   files.Fail(FileStep::Open, 1, EACCES, true);
