@@ -11,24 +11,13 @@ namespace tarvo {
 namespace {
 
 Text Escaped(TextView text) {
+  constexpr TextView kUnits = u"\n\r\t\\";
+  constexpr TextView kLetters = u"nrt\\";
   Text escaped;
   for (const char16_t unit : text) {
-    switch (unit) {
-      case u'\n':
-        escaped += u"\\n";
-        break;
-      case u'\r':
-        escaped += u"\\r";
-        break;
-      case u'\t':
-        escaped += u"\\t";
-        break;
-      case u'\\':
-        escaped += u"\\\\";
-        break;
-      default:
-        escaped += unit;
-    }
+    const std::size_t at = kUnits.find(unit);
+    if (at != TextView::npos) escaped += u'\\';
+    escaped += at == TextView::npos ? unit : kLetters[at];
   }
   return escaped;
 }

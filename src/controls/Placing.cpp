@@ -55,6 +55,21 @@ void TabStrip::Choose(const Button& chosen) const {
   }
 }
 
+void ProgressFrame::Place(TextView heading, int top) const {
+  Shown.Visible = false;
+  Shown.Move(900, top, 5100, 1650);
+  Shown.BackColour = palette::kPanel;
+  Shown.ForeColour = palette::kOrange;
+  tarvo::Place(Heading, heading, 240, 180, 4620);
+  Heading.Font = {FontRole::Normal, 9};
+  Inner.Move(240, 540, 4620, 930);
+  Inner.BackColour = palette::kPanel;
+  Bar.Move(0, 60, 4620, 270);
+  Bar.BackColour = kBlack;
+  Bar.ForeColour = palette::kBlue;
+  tarvo::Place(File, u"", 0, 450, 4620);
+}
+
 void Unroll(Form& screen, Timer& timer, int until) {
   if (screen.Height < until) {
     screen.Height = screen.Height + 150;

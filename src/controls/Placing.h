@@ -6,6 +6,7 @@
 #include "controls/Form.h"
 #include "controls/Frame.h"
 #include "controls/Label.h"
+#include "controls/ProgressBar.h"
 #include "controls/Timer.h"
 
 namespace tarvo {
@@ -31,6 +32,19 @@ struct TabStrip {
 
   void Place(const std::array<TextView, 4>& captions) const;
   void Choose(const Button& chosen) const;
+};
+
+/// What stands over a screen while files are at work: a frame with a heading, and in an inner
+/// frame, which is drawn anew for each file, the bar and the file's path.
+struct ProgressFrame {
+  Frame& Shown;
+  Label& Heading;
+  Frame& Inner;
+  ProgressBar& Bar;
+  Label& File;
+
+  /// Hidden, `top` below the upper edge of what it stands on.
+  void Place(TextView heading, int top) const;
 };
 
 /// One tick of a screen that unrolls downward: it grows by 150 as long as it is lower than `until`,

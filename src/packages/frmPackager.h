@@ -77,7 +77,6 @@ class frmPackager : public Form {
   void LayOut();
   void LayOutLists();
   void LayOutCommands();
-  void LayOutProgress();
   void Connect();
   void FillPackageNames();
   void ShowShortcut(const Text& root, TextView below);

@@ -7,7 +7,8 @@ void frmPackager::LayOut() {
   fraTarvo.Move(0, 0, 6900, 5065);
   LayOutLists();
   LayOutCommands();
-  LayOutProgress();
+  ProgressFrame{fraProgress, Label15, fraUpdateProgress, TarvoProgress, lblFile}.Place(
+      u"Scanning...", 1500);
 }
 
 /// Three columns: the folders, the files of the folder at hand, the files of the package.
@@ -34,21 +35,6 @@ void frmPackager::LayOutCommands() {
   Place(lblSave, u"Make Tarvo", palette::kOrange, 150, 4575, 2100);
   Place(lblTest, u"Unpak Test", palette::kOrange, 2370, 4575, 2160);
   Place(lblExit, u"Exit", palette::kViolet, 4650, 4575, 2100);
-}
-
-void frmPackager::LayOutProgress() {
-  fraProgress.Visible = false;
-  fraProgress.Move(900, 1500, 5100, 1650);
-  fraProgress.BackColour = palette::kPanel;
-  fraProgress.ForeColour = palette::kOrange;
-  Place(Label15, u"Scanning...", 240, 180, 4620);
-  Label15.Font = {FontRole::Normal, 9};
-  fraUpdateProgress.Move(240, 540, 4620, 930);
-  fraUpdateProgress.BackColour = palette::kPanel;
-  TarvoProgress.Move(0, 60, 4620, 270);
-  TarvoProgress.BackColour = kBlack;
-  TarvoProgress.ForeColour = palette::kBlue;
-  Place(lblFile, u"", 0, 450, 4620);
 }
 
 }  // namespace tarvo

@@ -108,7 +108,6 @@ class frmTGLTools : public Form {
   void LayOutFields();
   void LayOutCommands();
   void LayOutGame();
-  void LayOutProgress();
   void Connect();
   void Open(const Tab& tab);
   void OpenDefinitions(const Tab& tab, Button& command);

@@ -24,7 +24,8 @@ void frmTGLTools::LayOut() {
   LayOutFields();
   LayOutCommands();
   LayOutGame();
-  LayOutProgress();
+  ProgressFrame{fraProgress, Label15, fraUpdateProgress, ProgressBar, lblFile}.Place(
+      u"Updating TGL", 1800);
 }
 
 /// The definitions on the left, the texts of one of them on the right.
@@ -55,21 +56,6 @@ void frmTGLTools::LayOutGame() {
   Place(lblUpdateGame, u"Update TGL", palette::kOrange, 150, kCommandTop, 2100);
   Place(lblUpdateAllGameTGL, u"Update All TGL", palette::kOrange, 2400, kCommandTop, 2100);
   Place(lblExit1, u"Exit", palette::kViolet, 4650, kCommandTop, 2100);
-}
-
-void frmTGLTools::LayOutProgress() {
-  fraProgress.Visible = false;
-  fraProgress.Move(900, 1800, 5100, 1650);
-  fraProgress.BackColour = palette::kPanel;
-  fraProgress.ForeColour = palette::kOrange;
-  Place(Label15, u"Updating TGL", 240, 180, 4620);
-  Label15.Font = {FontRole::Normal, 9};
-  fraUpdateProgress.Move(240, 540, 4620, 930);
-  fraUpdateProgress.BackColour = palette::kPanel;
-  ProgressBar.Move(0, 60, 4620, 270);
-  ProgressBar.BackColour = kBlack;
-  ProgressBar.ForeColour = palette::kBlue;
-  Place(lblFile, u"", 0, 450, 4620);
 }
 
 }  // namespace tarvo
