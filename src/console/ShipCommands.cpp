@@ -152,9 +152,7 @@ int RunShipPlugin(Session& session, const PluginOptions& typed) {
   screen.cboSpecies.SetText(TextFromUtf8(typed.menu));
   screen.cboSpecies_Click();
   screen.MakeShipPlugin();
-  const Text& message = session.dialogue.ClosingMessage();
-  if (!message.empty()) session.output.Result({message}, Json(message));
-  return session.Finish(true);
+  return session.FinishWithMessage();
 }
 
 int RunReadPlugin(Session& session, const Text& ship) {

@@ -14,15 +14,10 @@ namespace tarvo {
 namespace {
 
 constexpr int kRowPitch = 360;
-constexpr int kBuiltInMenus = 8;
 constexpr int kArrowsLowest = 850;  ///< The panel's bottom, when it was pushed up all the way.
 
 using Family = RowPanel::Family;
 using Picture = RowPanel::Picture;
-
-constexpr std::array<TextView, kBuiltInMenus> kMenus = {
-    u"Federation Ships", u"Klingon Ships", u"Romulan Ships", u"Ferengi Ships",
-    u"Cardassian Ships", u"Kessok Ships",  u"Other Ships",   u"Bases"};
 
 RowPanel::Row ShipRow(const Text& caption, const RowPanel::Row& above) {
   RowPanel::Row row{caption,
@@ -39,8 +34,10 @@ RowPanel::Row ShipRow(const Text& caption, const RowPanel::Row& above) {
 /// menus yet.
 void frmGameTools::MakeTree() {
   fraQBMenu.Move(-120, 120, 2535, 2925);
-  for (int i = 0; i < kBuiltInMenus; ++i) {
-    AddMenuRow(Text(kMenus[static_cast<std::size_t>(i)]), kRowPitch * i);
+  int top = 0;
+  for (const TextView menu : kBuiltInQBMenus) {
+    AddMenuRow(Text(menu), top);
+    top += kRowPitch;
   }
   for (RowPanel::Row& row : fraQBMenu.Edit(Family::Menu)) row.Visible = true;
   SelectedShip = 0;
@@ -69,7 +66,7 @@ void frmGameTools::BuildCustomMenuRows() {
 }
 
 void frmGameTools::RemoveCustomMenuRows() {
-  for (int i = MenuRowCount() - 1; i >= kBuiltInMenus; --i) {
+  for (int i = MenuRowCount() - 1; i >= kFirstCustomMenu; --i) {
     CloseQBMenu(i);
     fraQBMenu.Edit(Family::Menu).pop_back();
     fraQBMenu.Height = fraQBMenu.Height - kRowPitch;

@@ -8,6 +8,7 @@
 #include "platform/Sound.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
+#include "text/Cleaning.h"
 #include "text/CodePage.h"
 #include "text/LetterCase.h"
 #include "text/Paths.h"
@@ -24,9 +25,7 @@ constexpr std::array<TextView, 4> kNoPlugins = {u"DamoclesModPack.py", u"__init_
 Text ShipOf(Text fileName) {
   const std::size_t length = fileName.size() - std::min<std::size_t>(fileName.size(), 3);
   if (EqualIgnoringCase(TextView(fileName).substr(length), u".py")) fileName.resize(length);
-  std::size_t at = 0;
-  while ((at = fileName.find(u".py", at)) != Text::npos) fileName.erase(at, 3);
-  return fileName;
+  return Without(fileName, u".py");
 }
 
 void AddMenuString(TGLFile& file, const Text& name) {

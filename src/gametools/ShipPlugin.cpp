@@ -4,6 +4,7 @@
 #include "platform/Files.h"
 #include "platform/Locale.h"
 #include "platform/Sound.h"
+#include "quickbattle/QBMenus.h"
 #include "ships/ShipFiles.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
@@ -12,7 +13,6 @@ namespace tarvo {
 namespace {
 
 constexpr TextView kNoMenu = u"Select QB Menu!";
-constexpr std::size_t kBuiltInMenus = 8;
 
 }  // namespace
 
@@ -56,7 +56,7 @@ bool frmGameTools::WriteShipPlugin() {
                           txtModName.Text(),  txtAuthor.Text(),   txtVersion.Text(),
                           txtSources.Text(),  txtComments.Text()};
   std::vector<Text> customMenus;
-  for (std::size_t row = kBuiltInMenus; row < cboSpecies.Count(); ++row) {
+  for (std::size_t row = kBuiltInQBMenus.size(); row < cboSpecies.Count(); ++row) {
     customMenus.push_back(cboSpecies.Item(row));
   }
   const Text raceWord = RaceWord(plugin.Menu, CustomMenuChosen, customMenus);

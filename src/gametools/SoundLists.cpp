@@ -11,6 +11,9 @@
 namespace tarvo {
 namespace {
 
+/// A script is read in far less time than the frame is drawn.
+constexpr std::size_t kFilesAPicture = 16;
+
 /// Weapon names that a list lacks, letter case told apart. Looking for each of thousands of names
 /// in the list itself, and putting each in its place there, would take longer than the scan.
 class NewNames {
@@ -45,7 +48,6 @@ bool frmGameTools::ShowFolder(FileListBox& list, TextView folder, TextView patte
 }
 
 void frmGameTools::FillSoundLists() {
-  app_.Failures.clear();
   app_.State.ReadChunkSize = 1024;
   fraProgress.Visible = true;
   fraProgress.Refresh();
@@ -70,7 +72,7 @@ void frmGameTools::ScanHardpoints() {
     const Text path = folder + FileList5.Item(i);
     ProgressBar.SetValue(static_cast<std::int64_t>(i));
     lblFile.Caption = path;
-    fraUpdateProgress.Refresh();
+    if (i % kFilesAPicture == 0) fraUpdateProgress.Refresh();
     names.Gather(weaponNames_.Of(path));
   }
   names.AddTo(lstWeapons);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "text/Cleaning.h"
 #include "text/CodePage.h"
 #include "text/LetterCase.h"
 
@@ -73,7 +74,7 @@ bool IsTGLEntry(TextView entry) {
 Text ShipOfTGLEntry(TextView entry) {
   Text ship(entry);
   for (const TextView part : {TextView(u"\\ShipTGLs\\"), TextView(u".TGL"), TextView(u"\\")}) {
-    for (std::size_t at; (at = ship.find(part)) != Text::npos;) ship.erase(at, part.size());
+    ship = Without(ship, part);
   }
   return ship;
 }

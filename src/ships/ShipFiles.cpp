@@ -2,17 +2,14 @@
 
 #include <algorithm>
 
+#include "text/Cleaning.h"
 #include "text/LetterCase.h"
 
 namespace tarvo {
 namespace {
 
-bool IsControl(char16_t unit) {
-  return unit < 0x20 || (unit >= 0x7F && unit < 0xA0);
-}
-
 bool IsForbidden(char16_t unit) {
-  return IsControl(unit) || unit == u'*' || unit == u'?';
+  return IsUnprintable(unit) || unit == u'*' || unit == u'?';
 }
 
 bool EndsIn(TextView name, TextView ending) {
@@ -25,11 +22,7 @@ bool EndsIn(TextView name, TextView ending) {
 Text ShipOfFile(TextView fileName, TextView ending) {
   if (!EndsIn(fileName, ending)) return {};
   if (std::any_of(fileName.begin(), fileName.end(), IsForbidden)) return {};
-  Text ship(fileName.substr(0, fileName.size() - ending.size()));
-  for (std::size_t at = ship.find(ending); at != Text::npos; at = ship.find(ending, at)) {
-    ship.erase(at, ending.size());
-  }
-  return ship;
+  return Without(fileName.substr(0, fileName.size() - ending.size()), ending);
 }
 
 bool BelongsToShip(TextView fileName, TextView ship) {
@@ -43,7 +36,7 @@ bool BelongsToShip(TextView fileName, TextView ship) {
 }
 
 Text Showable(Text text) {
-  std::replace_if(text.begin(), text.end(), IsControl, u' ');
+  std::replace_if(text.begin(), text.end(), IsUnprintable, u' ');
   return text;
 }
 

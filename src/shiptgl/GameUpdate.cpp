@@ -6,6 +6,7 @@
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
 #include "state/Shell.h"
+#include "text/Cleaning.h"
 #include "text/CodePage.h"
 
 namespace tarvo {
@@ -13,12 +14,8 @@ namespace {
 
 /// A definition is looked for under its name with ".TGL" in capitals: a file name that ends
 /// otherwise is not cut, and its definition not found.
-Text ShipOf(Text fileName) {
-  constexpr TextView kEnding = u".TGL";
-  for (std::size_t at; (at = fileName.find(kEnding)) != Text::npos;) {
-    fileName.erase(at, kEnding.size());
-  }
-  return fileName;
+Text ShipOf(const Text& fileName) {
+  return Without(fileName, u".TGL");
 }
 
 }  // namespace

@@ -8,18 +8,13 @@
 #include "shiptgl/frmTGLTools.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
-#include "text/LetterCase.h"
+#include "text/Cleaning.h"
 #include "tgl/TGLFile.h"
 
 namespace tarvo {
 namespace {
 
 constexpr TextView kEnding = u".TGL";
-
-Text Without(Text text, TextView part) {
-  for (std::size_t at; (at = text.find(part)) != Text::npos;) text.erase(at, part.size());
-  return text;
-}
 
 /// The name of the ship whose definition or plug-in has this file name, with a dot and `letters`
 /// letters at its end.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/Cleaning.h"
 #include "text/CodePage.h"
 #include "text/LetterCase.h"
 #include "text/Utf8.h"
@@ -11,10 +12,6 @@ namespace {
 
 constexpr FileTextView kLineEnd = "\r\n";
 constexpr FileTextView kEntryStart = "Foundation.SoundDef(\"sfx/Weapons/";
-
-bool IsControl(char16_t unit) {
-  return unit < 0x20 || (unit >= 0x7F && unit < 0xA0);
-}
 
 /// Appends lines of a script.
 class Script {
@@ -31,11 +28,7 @@ class Script {
 }  // namespace
 
 Text SoundPluginOfFile(TextView fileName) {
-  Text name(fileName);
-  std::size_t at = 0;
-  while ((at = name.find(kSoundPluginEnding, at)) != Text::npos) {
-    name.erase(at, kSoundPluginEnding.size());
-  }
+  Text name = Without(fileName, kSoundPluginEnding);
   const std::size_t length = name.size() - std::min(name.size(), kSoundPluginEnding.size());
   if (EqualIgnoringCase(TextView(name).substr(length), kSoundPluginEnding)) name.resize(length);
   return name;
@@ -55,7 +48,7 @@ Text SoundEntry(TextView wave, TextView sound, int percent, char16_t decimalMark
 }
 
 bool FitsOneLine(TextView weapon) {
-  return std::none_of(weapon.begin(), weapon.end(), IsControl);
+  return std::none_of(weapon.begin(), weapon.end(), IsUnprintable);
 }
 
 FileText SoundPluginText(const std::vector<Text>& entries, TextView date) {
@@ -93,7 +86,7 @@ std::vector<Text> SoundPluginEntries(FileTextView plugin) {
     line = line.substr(0, line.find_last_not_of(" \t") + 1);
     if (line.size() < 2) continue;
     Text entry = TextFromFileText(line.substr(0, line.size() - 1));
-    std::replace_if(entry.begin(), entry.end(), IsControl, u' ');
+    std::replace_if(entry.begin(), entry.end(), IsUnprintable, u' ');
     entries.push_back(std::move(entry));
   }
   return entries;

@@ -71,31 +71,21 @@ void Note(Application& app, Failure failure) {
   app.shell->ShowStatus(line);
 }
 
-/// ReadFileText; `failure` becomes what the machine ended it with.
+/// Reads as much of the file as can be read, driving the bar of CurrentScreen; `failure` becomes
+/// what the machine ended it with. Changes nothing on the disk.
 FileText ReadWhatCanBe(Application& app, TextView path, std::optional<PlatformError>& failure) {
-  Files& files = app.machine.files;
   FileText text;
-  const bool hasBar = HasReadBar(app);
-  bool opened = false;
-  const bool done = Guarded([&] {
+  Guarded([&] {
     try {
-      if (!hasBar && !files.FileExists(path)) files.MakeEmptyFile(path);
-      const auto file = files.Open(path);
-      opened = true;
+      const auto file = app.machine.files.Open(path);
       ReadProgress progress(app, file->Size());
       const std::uint32_t chunk = std::max(1u, app.State.ReadChunkSize);
       while (ReadChunk(*file, chunk, text) && progress.Advance()) {
       }
     } catch (const PlatformError& error) {
       failure = error;
-      throw;
     }
   });
-  if (!done && opened && text.empty()) {
-    Guarded([&] {
-      if (files.FileSize(path) == 0) files.Remove(path);
-    });
-  }
   return text;
 }
 
@@ -128,8 +118,18 @@ void CopyFolders(Application& app, TextView source, TextView destination) {
 }
 
 FileText ReadFileText(Application& app, TextView path) {
-  std::optional<PlatformError> dropped;
-  return ReadWhatCanBe(app, path, dropped);
+  Files& files = app.machine.files;
+  const bool hasBar = HasReadBar(app);
+  if (!hasBar && !files.FileExists(path)) Guarded([&] { files.MakeEmptyFile(path); });
+  std::optional<PlatformError> failure;
+  FileText text = ReadWhatCanBe(app, path, failure);
+  // A bar refuses a file of no bytes.
+  if (hasBar && text.empty() && !failure) {
+    Guarded([&] {
+      if (files.FileSize(path) == 0) files.Remove(path);
+    });
+  }
+  return text;
 }
 
 FileText LookAtFile(Application& app, const Text& path) {
