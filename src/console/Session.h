@@ -73,6 +73,7 @@ class Session : private FormHost, private Shell, private Sound, private ControlO
   void Quit() override {}
   void ShowStatus(TextView) override {}
   void ShowMainMenu() override {}
+  void ShowOptions() override {}
   void SettleGame() override {}  // The user has named the game, or it was found.
   void WorkScreenClosed() override {}
   void Play(TextView, unsigned) override {}

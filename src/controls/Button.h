@@ -14,6 +14,7 @@ class Button : public Control {
 
   Property<Text> Caption{*this, {}};
   Property<Arrow> Glyph{*this, Arrow::None};  ///< Drawn in place of the caption.
+  Property<Text> Picture{*this, {}};          ///< As Image::Picture; drawn in place of the bar.
 
   std::function<void()> OnClick;
   std::function<void()> OnPress;    ///< It goes down.

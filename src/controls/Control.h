@@ -143,12 +143,14 @@ Property<T>& Property<T>::operator=(T value) {
 }
 
 class Button;
+class CheckBox;
 class ComboBox;
 class DirListBox;
 class DriveListBox;
 class FileListBox;
 class Form;
 class Frame;
+class Image;
 class Label;
 class ListBox;
 class ProgressBar;
@@ -163,12 +165,14 @@ class ControlVisitor {
  public:
   virtual ~ControlVisitor() = default;
   virtual void Visit(Button& control) = 0;
+  virtual void Visit(CheckBox& control) = 0;
   virtual void Visit(ComboBox& control) = 0;
   virtual void Visit(DirListBox& control) = 0;
   virtual void Visit(DriveListBox& control) = 0;
   virtual void Visit(FileListBox& control) = 0;
   virtual void Visit(Form& control) = 0;
   virtual void Visit(Frame& control) = 0;
+  virtual void Visit(Image& control) = 0;
   virtual void Visit(Label& control) = 0;
   virtual void Visit(ListBox& control) = 0;
   virtual void Visit(ProgressBar& control) = 0;

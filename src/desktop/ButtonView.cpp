@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include "desktop/Pictures.h"
 #include "desktop/Skin.h"
 #include "desktop/SkinStyle.h"
 
@@ -68,7 +69,10 @@ void PillButton::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const bool bare = ground_.alpha() == 0;
   if (!isEnabled()) painter.setOpacity(kOffGround);
-  if (!bare) DrawPill(painter, rect(), lit(ground_));
+  if (!picture_.isEmpty())
+    DrawPicture(painter, rect(), picture_);
+  else if (!bare)
+    DrawPill(painter, rect(), lit(ground_));
   // Dimmed alike, a dark caption would vanish in its bar: it takes the bar's colour instead.
   if (!isEnabled()) painter.setOpacity(kOffCaption);
   const bool asBar = !bare && !isEnabled();
@@ -160,6 +164,7 @@ void ButtonView::Apply() {
   if (face_.text() != caption) face_.setText(caption);
   face_.SetColours(ToQt(model_.BackColour), ToQt(model_.ForeColour));
   face_.SetGlyph(model_.Glyph);
+  face_.SetPicture(ToQt(model_.Picture));
   ApplyCommon();
 }
 

@@ -18,6 +18,9 @@ class PillButton : public QAbstractButton {
   /// An arrow stands in place of the caption, and Enter holds the button down as Space does.
   void SetGlyph(Button::Arrow glyph) { glyph_ = glyph; }
 
+  /// Stands in place of the bar and fills it; empty for none.
+  void SetPicture(const QString& name) { picture_ = name; }
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -34,6 +37,7 @@ class PillButton : public QAbstractButton {
   QColor ground_;
   QColor caption_;
   Button::Arrow glyph_ = Button::Arrow::None;
+  QString picture_;
   QBasicTimer letGo_;
 };
 

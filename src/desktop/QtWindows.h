@@ -9,7 +9,11 @@ class QtWindows : public Windows {
  public:
   void ShowMessage(TextView text, TextView caption, BoxIcon icon) override;
   bool OpenAddress(TextView address) override;
+  void SetHelpFile(TextView path) override { helpFile_ = Text(path); }
   TwipSize ScreenSize() override;
+
+ private:
+  Text helpFile_;
 };
 
 }  // namespace tarvo

@@ -2,8 +2,10 @@
 
 #include "controls/FileListBox.h"
 #include "desktop/ButtonView.h"
+#include "desktop/CheckBoxView.h"
 #include "desktop/ComboBoxView.h"
 #include "desktop/DirListBoxView.h"
+#include "desktop/ImageView.h"
 #include "desktop/LabelView.h"
 #include "desktop/ListBoxView.h"
 #include "desktop/PanelViews.h"
@@ -31,12 +33,14 @@ class Factory : public ControlVisitor {
   }
 
   void Visit(Button& control) override { Make<ButtonView>(control); }
+  void Visit(CheckBox& control) override { Make<CheckBoxView>(control); }
   void Visit(ComboBox& control) override { Make<ComboBoxView>(control); }
   void Visit(DirListBox& control) override { Make<DirListBoxView>(control); }
   void Visit(DriveListBox& control) override { Make<DriveListBoxView>(control); }
   void Visit(FileListBox& control) override { Make<ListBoxView>(control); }
   void Visit(Form&) override {}  // Forms have owners, not parents.
   void Visit(Frame& control) override { Make<FrameView>(control); }
+  void Visit(Image& control) override { Make<ImageView>(control); }
   void Visit(Label& control) override { Make<LabelView>(control); }
   void Visit(ListBox& control) override { Make<ListBoxView>(control); }
   void Visit(ProgressBar& control) override { Make<ProgressBarView>(control); }

@@ -24,6 +24,10 @@ class Windows {
   /// is none.
   virtual bool OpenAddress(TextView address) = 0;
 
+  /// Names the program's help file, as a game path. The key F1 opens it, or the same pages in the
+  /// form that the machine can show.
+  virtual void SetHelpFile(TextView path) = 0;
+
   /// The usable size of the screen in twips, 15 to the logical pixel.
   virtual TwipSize ScreenSize() = 0;
 };

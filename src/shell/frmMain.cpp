@@ -41,6 +41,8 @@ void frmMain::ShowMainMenu() {
   app_.Screen<frmMainMenu>().Visible = true;
 }
 
+void frmMain::ShowOptions() {}
+
 void frmMain::SettleGame() {
   StartUpSequence(app_);
 }

@@ -19,6 +19,7 @@ class frmMain : public Form, public Shell {
 
   void ShowStatus(TextView text) override;
   void ShowMainMenu() override;
+  void ShowOptions() override;
   void SettleGame() override;
   void WorkScreenClosed() override;
 

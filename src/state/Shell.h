@@ -14,6 +14,9 @@ class Shell {
 
   virtual void ShowMainMenu() = 0;
 
+  /// The user has to choose the game's folder: the options open, and the menu waits behind them.
+  virtual void ShowOptions() = 0;
+
   /// A work screen found a folder of the game missing: the user is to settle the game's folder.
   virtual void SettleGame() = 0;
 

@@ -60,10 +60,12 @@ class TestMachine : public FormHost, public Windows {
   std::vector<Box> boxes;       ///< What message boxes have shown.
   std::vector<Text> questions;  ///< What the dialog has asked.
   std::deque<Text> answers;     ///< The user's answers to come; with none left he says "No".
+  Text helpFile;
   bool quit = false;
 
   void ShowMessage(TextView text, TextView caption, BoxIcon icon) override;
   bool OpenAddress(TextView) override { return false; }
+  void SetHelpFile(TextView path) override { helpFile = path; }
   TwipSize ScreenSize() override { return {19200, 15000}; }
 
   void Made(Form&) override {}

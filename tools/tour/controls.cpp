@@ -53,6 +53,7 @@ struct Nowhere : Settings, Registry, Sound, Locale, Clock, Windows, Dialogue, Fo
   double Random() override { return 0; }
   void ShowMessage(TextView, TextView, BoxIcon) override {}
   bool OpenAddress(TextView) override { return false; }
+  void SetHelpFile(TextView) override {}
   TwipSize ScreenSize() override { return {}; }
   void PacMsg(TextView, Title) override {}
   Text PacInput(TextView, Title) override { return {}; }

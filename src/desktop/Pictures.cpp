@@ -1,0 +1,25 @@
+#include "desktop/Pictures.h"
+
+#include <QPainter>
+#include <QPixmap>
+#include <QPixmapCache>
+
+namespace tarvo {
+
+void DrawPicture(QPainter& painter, const QRect& area, const QString& name) {
+  if (name.isEmpty() || area.isEmpty()) return;
+  const bool dense = painter.device()->devicePixelRatioF() > 1;
+  const QString key = name + (dense ? QStringLiteral("@2x") : QString());
+  QPixmap picture;
+  if (!QPixmapCache::find(key, &picture)) {
+    QString file = name;
+    if (dense) file.insert(file.lastIndexOf(QLatin1Char('.')), QStringLiteral("@2x"));
+    if (!picture.load(file)) picture.load(name);
+    QPixmapCache::insert(key, picture);
+  }
+  if (picture.isNull()) return;
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawPixmap(area, picture, picture.rect());
+}
+
+}  // namespace tarvo

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QRect>
+#include <QString>
+
+class QPainter;
+
+namespace tarvo {
+
+/// Draws the picture of that name, as in Image::Picture, to fill the area; nothing where there is
+/// none. A file "name@2x.png" beside "name.png" serves dense screens.
+void DrawPicture(QPainter& painter, const QRect& area, const QString& name);
+
+}  // namespace tarvo
