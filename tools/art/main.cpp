@@ -4,7 +4,9 @@
 #include <QImageWriter>
 #include <cstdio>
 
+#include "Figure.h"
 #include "Icon.h"
+#include "Poses.h"
 
 namespace {
 
@@ -24,6 +26,24 @@ bool WriteIcons(const QString& folder) {
   return all;
 }
 
+/// FOLDER/NAME.png and, twice as dense, FOLDER/NAME@2x.png.
+bool WriteBoth(const QString& folder, const QString& name, const std::function<QImage(int)>& draw) {
+  return Write(draw(1), folder + '/' + name + ".png") &&
+         Write(draw(2), folder + '/' + name + "@2x.png");
+}
+
+bool WriteAssistant(const QString& folder) {
+  bool all = true;
+  for (const tarvo::art::NamedSet& set : tarvo::art::PoseSets()) {
+    for (int frame = 0; frame < tarvo::art::kFrames; ++frame) {
+      all &= WriteBoth(folder, set.name + QString::number(frame), [&](int density) {
+        return tarvo::art::AssistantFrame(set.poses[frame], density);
+      });
+    }
+  }
+  return all;
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -32,5 +52,6 @@ int main(int count, char** arguments) {
     return 2;
   }
   const QString folder = QString::fromLocal8Bit(arguments[1]);
-  return WriteIcons(folder + "/icon") ? 0 : 1;
+  const bool icons = WriteIcons(folder + "/icon");
+  return WriteAssistant(folder + "/assistant") && icons ? 0 : 1;
 }
