@@ -105,6 +105,7 @@ void PrintGameTools(Application& app) {
          {"lblMenus", tools.lblMenus},
          {"lblChecker", tools.lblChecker},
          {"fraShipInfo", tools.fraShipInfo},
+         {"cboShipName", tools.cboShipName},
          {"cboSpecies", tools.cboSpecies},
          {"FileList2", tools.FileList2},
          {"lblMakeShipPlugin", tools.lblMakeShipPlugin},
@@ -175,7 +176,8 @@ void PrintPlaces(Application& app) {
          {"lblExit", tgl.lblExit},
          {"fraGameTGL", tgl.fraGameTGL},
          {"File2", tgl.File2},
-         {"lblUpdateGame", tgl.lblUpdateGame}});
+         {"lblUpdateGame", tgl.lblUpdateGame},
+         {"lblExit1", tgl.lblExit1}});
   PrintGameTools(app);
   auto& dialog = app.Screen<frmPac_InputBox>();
   dialog.LayOutQuestion(u"", Title::Warning);
