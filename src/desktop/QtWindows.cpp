@@ -22,9 +22,11 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
     case BoxIcon::Exclamation:
       return QMessageBox::Warning;
     case BoxIcon::Information:
+      return QMessageBox::Information;
+    case BoxIcon::None:
       break;
   }
-  return QMessageBox::Information;
+  return QMessageBox::NoIcon;
 }
 
 /// Lets a long path wrap behind each of its backslashes.

@@ -5,7 +5,7 @@
 namespace tarvo {
 
 /// The icons of a message box; the values are the style numbers of the Windows call MessageBox.
-enum class BoxIcon { Critical = 16, Question = 32, Exclamation = 48, Information = 64 };
+enum class BoxIcon { None = 0, Critical = 16, Question = 32, Exclamation = 48, Information = 64 };
 
 struct TwipSize {
   int Width;

@@ -7,7 +7,9 @@
 #include "platform/Guarded.h"
 #include "platform/Settings.h"
 #include "platform/Sound.h"
+#include "platform/Windows.h"
 #include "state/CommonUtilities.h"
+#include "state/Foundation.h"
 #include "state/Shell.h"
 #include "text/LetterCase.h"
 #include "text/Utf8.h"
@@ -117,6 +119,7 @@ void ClearGameTextsReadOnly(Application& app) {
 
 void StartUpSequence(Application& app) {
   AppState& state = app.State;
+  app.Failures.clear();
   SetConstants(app);
   state.GamePath = FindGame(app).Folder;
   Guarded([&] {
@@ -126,10 +129,13 @@ void StartUpSequence(Application& app) {
   ReadFlag(app, u"SoundFX", u"True", state.SoundFX);
   ReadFlag(app, u"VideoFX", u"True", state.VideoFX);
   PlayEffect(app, u"SystemsOnline.wav", kPlay);
+  app.machine.windows.SetHelpFile(app.ProgramFolder + u"\\Help\\Help System.chm");
   MakeProgramFolders(app);
   app.shell->ShowMainMenu();
   app.shell->ShowStatus(u"Standing By...");
+  TestFoundation(app);
   ClearGameTextsReadOnly(app);
+  TestOldLayout(app);
 }
 
 }  // namespace tarvo
