@@ -62,9 +62,11 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   const QRectF bar = QRectF(option.rect).adjusted(1, 0.5, -1, -0.5);
-  if (chosen || hovered) {
+  const bool atHand = index.data(kAtHandRole).toBool();
+  if (chosen || hovered || atHand) {
     painter->setPen(Qt::NoPen);
-    painter->setBrush(chosen ? Mix(text, ground, hovered ? 0 : 0.12) : Mix(ground, text, 0.16));
+    painter->setBrush(chosen ? Mix(text, ground, hovered ? 0 : 0.12)
+                             : Mix(ground, text, hovered && atHand ? 0.32 : 0.16));
     painter->drawRoundedRect(bar, 3, 3);
   }
   if ((option.state & QStyle::State_HasFocus)) {
