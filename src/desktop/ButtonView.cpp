@@ -181,6 +181,11 @@ void ButtonView::Apply() {
   face_.SetGlyph(model_.Glyph);
   face_.SetPicture(ToQt(model_.Picture));
   ApplyCommon();
+  if (!model_.Link) return;
+  QFont underlined = face_.font();
+  underlined.setUnderline(true);
+  face_.setFont(underlined);
+  face_.setCursor(Qt::WhatsThisCursor);
 }
 
 }  // namespace tarvo

@@ -1,6 +1,7 @@
 #include <QApplication>
 
 #include "assistant/PacDialogue.h"
+#include "desktop/HelpKey.h"
 #include "desktop/Pictures.h"
 #include "desktop/QtForms.h"
 #include "desktop/QtWindows.h"
@@ -19,6 +20,7 @@ struct Program {
   SdlSound sound{*host.files};
   QtWindows windows;
   QtForms forms;
+  HelpKey helpKey{[this] { windows.ShowManual(forms.HelpPage()); }};
   PacDialogue dialogue{app};
   Application app{
       {*host.files, *host.settings, *host.registry, sound, *host.locale, *host.clock, windows},

@@ -32,6 +32,10 @@ HostMachine OpenHostMachine();
 /// The folder of the program's own file, as a game path without a backslash at its end.
 Text ProgramFolder();
 
+/// What a game path names, as the host writes it, with letter case ignored as in Files. A part that
+/// doesn't exist stays as spelled; empty for a path that can't lead anywhere on this host.
+std::string HostPath(TextView gamePath);
+
 /// A folder from the command line, in UTF-8: as the host writes it, relative to the working folder
 /// or absolute, or as a game path with a drive. Gives a game path without a backslash at its end.
 Text GamePathFromArgument(std::string_view argument);

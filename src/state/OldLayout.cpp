@@ -244,7 +244,7 @@ void TestOldLayout(Application& app) {
 void UpgradeOldLayout(Application& app) {
   if (!NotingFailures(app, [&] { Upgrade(app).Run(); })) return;
   app.machine.windows.ShowMessage(u"Tarvo " + app.State.AppVersion + u" has upgraded your files!",
-                                  u"", BoxIcon::None);
+                                  u"", BoxIcon::Plain);
 }
 
 }  // namespace tarvo

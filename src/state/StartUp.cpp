@@ -11,7 +11,7 @@
 #include "state/CommonUtilities.h"
 #include "state/Foundation.h"
 #include "state/Shell.h"
-#include "text/LetterCase.h"
+#include "state/StoredFlag.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
@@ -39,24 +39,8 @@ Text RegisteredGame(Application& app) {
   return {};
 }
 
-/// A stored flag: a number is false when it is 0, the words True and False count too, and any
-/// other text says nothing.
-std::optional<bool> FlagOf(TextView text) {
-  if (EqualIgnoringCase(text, u"True")) return true;
-  if (EqualIgnoringCase(text, u"False")) return false;
-  try {
-    const std::string bytes = Utf8FromText(text);
-    std::size_t used = 0;
-    const double number = std::stod(bytes, &used);
-    if (bytes.find_first_not_of(' ', used) != std::string::npos) return {};
-    return number != 0;
-  } catch (const std::logic_error&) {
-    return {};
-  }
-}
-
 void ReadFlag(Application& app, TextView key, TextView fallback, bool& field) {
-  field = FlagOf(ReadSetting(app, key, fallback)).value_or(field);
+  field = StoredFlag(ReadSetting(app, key, fallback)).value_or(field);
 }
 
 }  // namespace

@@ -68,7 +68,8 @@ void TestMachine::ShowMessage(TextView text, TextView, BoxIcon icon) {
 }
 
 void TestMachine::RunModal(Form& form) {
-  auto& dialog = dynamic_cast<frmPac_InputBox&>(form);
+  if (!dynamic_cast<frmPac_InputBox*>(&form)) return atDialog(form);
+  auto& dialog = static_cast<frmPac_InputBox&>(form);
   questions.push_back(dialog.lblInput.Caption);
   Text answer = u"No";
   if (!answers.empty()) {

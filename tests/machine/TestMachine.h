@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -60,14 +61,21 @@ class TestMachine : public FormHost, public Windows {
 
   std::vector<Box> boxes;       ///< What message boxes have shown.
   std::vector<Text> questions;  ///< What the dialog has asked.
-  std::deque<Text> answers;  ///< The user's answers to come; with none left he says "No". An empty
-                             ///< one closes a question by its close box.
+  std::deque<Text> answers;     ///< The user's answers to come; with none left he says "No". An
+                                ///< empty one closes a question by its close box.
+  std::function<void(Form&)> atDialog;  ///< What the user does in dialogs other than questions.
+  std::vector<Text> opened;             ///< The addresses and programs that were to be opened,
+  bool canOpen = false;                 ///< which succeeds.
   Text helpFile;
   bool quit = false;
   bool hasFoundation = true;
 
   void ShowMessage(TextView text, TextView caption, BoxIcon icon) override;
-  bool OpenAddress(TextView) override { return false; }
+  bool OpenAddress(TextView address) override {
+    opened.emplace_back(address);
+    return canOpen;
+  }
+  bool RunProgram(TextView path) override { return OpenAddress(path); }
   void SetHelpFile(TextView path) override { helpFile = path; }
   TwipSize ScreenSize() override { return {19200, 15000}; }
 

@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 using Names = std::vector<Text>;
 
-const TestMachine::Box kUpgraded{u"Tarvo BETA v4.0 has upgraded your files!", BoxIcon::None};
+const TestMachine::Box kUpgraded{u"Tarvo BETA v4.0 has upgraded your files!", BoxIcon::Plain};
 
 /// A game that stands already, and gets the old layout afterwards.
 class OldGame {
