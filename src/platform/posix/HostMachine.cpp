@@ -30,12 +30,6 @@ HostMachine OpenHostMachine() {
   return machine;
 }
 
-Text ProgramFolder() {
-  std::error_code failed;
-  const auto file = std::filesystem::read_symlink("/proc/self/exe", failed);
-  return GamePathOf(file.parent_path().native());
-}
-
 Text GamePathFromArgument(std::string_view argument) {
   const bool hasDrive = argument.size() >= 2 && argument[1] == ':';
   if (hasDrive || argument.starts_with('\\')) {
