@@ -83,6 +83,16 @@ TEST_F(ProgramFolderTest, TellsThatTheUserHasNoPlaceForIt) {
                 folder.Game(u"home\\data\\tarvo-packager") + u": Not a directory");
 }
 
+TEST_F(ProgramFolderTest, CopiesNoFoldersButTheData) {
+  Put({false, false, true, u"", nullptr});
+  folder.Put("bin/Photographs/mine", "private");
+  fs::permissions(folder.Host("bin"), fs::perms(0555));
+  const FoundProgramFolder found = Open(folder.Host("home/data/tarvo-packager"));
+  EXPECT_EQ(found.Path, folder.Game(u"home\\data\\tarvo-packager"));
+  EXPECT_EQ(found.Failures.size(), 1u);
+  EXPECT_TRUE(fs::is_empty(folder.Host("home/data/tarvo-packager")));
+}
+
 TEST_F(ProgramFolderTest, ServesAsItsOwnCopyWhereItWasInstalledIntoTheUsersFolder) {
   Put(kLayouts[3]);
   const FoundProgramFolder found = Open(folder.Host("share/tarvo-packager"));

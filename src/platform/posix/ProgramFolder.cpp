@@ -17,7 +17,8 @@ namespace {
 /// The program's data is known by the one folder that no version lacks.
 bool HoldsData(const std::string& folder) {
   struct stat state;
-  return stat(JoinHostPath(folder, "Backup").c_str(), &state) == 0 && S_ISDIR(state.st_mode);
+  return folder.starts_with('/') && stat(JoinHostPath(folder, "Backup").c_str(), &state) == 0 &&
+         S_ISDIR(state.st_mode);
 }
 
 bool IsSameFolder(const std::string& a, const std::string& b) {
@@ -43,6 +44,8 @@ FoundProgramFolder OpenProgramFolderAt(Files& files, const std::string& own,
   FoundProgramFolder found{GamePathOf(userData), {}};
   if (!MakeFolders(userData, 0700)) {
     found.Failures.emplace_back(u"make folder", found.Path, errno);
+  } else if (!HoldsData(source)) {
+    found.Failures.emplace_back(u"find", GamePathOf(shared), ENOENT);
   } else if (!IsSameFolder(source, userData)) {
     found.Failures = CopyInstalledData(files, GamePathOf(source), found.Path);
   }
