@@ -17,6 +17,7 @@ namespace {
 /// destroyed first stands last.
 struct Program {
   HostMachine host = OpenHostMachine();
+  FoundProgramFolder folder = OpenProgramFolder(*host.files);
   SdlSound sound{*host.files};
   QtWindows windows;
   QtForms forms;
@@ -26,7 +27,7 @@ struct Program {
       {*host.files, *host.settings, *host.registry, sound, *host.locale, *host.clock, windows},
       forms,
       dialogue,
-      ProgramFolder()};
+      folder.Path};
 };
 
 }  // namespace
@@ -40,6 +41,10 @@ int main(int argc, char** argv) {
   tarvo::ApplySkin(qt);
   tarvo::Program program;
   program.forms.SetScreens(program.app.screens);
+  const tarvo::Text failure = tarvo::FailureWords(program.folder);
+  if (!failure.empty()) {
+    program.windows.ShowMessage(failure, u"Tarvo Packager", tarvo::BoxIcon::Exclamation);
+  }
   program.app.Screen<tarvo::frmMain>().Visible = true;
   return QApplication::exec();
 }
