@@ -11,6 +11,7 @@
 
 #include "desktop/FormView.h"
 #include "desktop/ViewFactory.h"
+#include "desktop/WidgetAccess.h"
 
 namespace tarvo {
 
@@ -31,6 +32,7 @@ class QtForms::Record : public QObject {
 };
 
 QtForms::QtForms() {
+  MakeWidgetsAccessible();
   QApplication::setQuitOnLastWindowClosed(false);
   updates_.OnFocus = [this](View& view) { Focus(view); };
   QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,
