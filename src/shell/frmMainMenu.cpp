@@ -47,7 +47,8 @@ void frmMainMenu::LayOut() {
   lblName.ForeColour = palette::kPeach;
   lblName.Font = {FontRole::Normal, 12};
   lblName.Alignment = Label::Align::Right;
-  lblName.Move(6240, 585, 1995, 390);
+  lblName.WordWrap = true;
+  lblName.Move(6885, 450, 1350, 660);
   lblTitle.Caption = u"Main Menu";
   lblTitle.ForeColour = Colour{255, 192, 128};
   lblTitle.Font = {FontRole::Normal, 10};

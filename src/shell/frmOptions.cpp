@@ -25,7 +25,7 @@ Text RootOf(const Text& drive) {
 void Place(CheckBox& box, TextView caption, int top) {
   box.Caption = Text(caption);
   box.ForeColour = palette::kPeach;
-  box.Move(120, top, 2985, 255);
+  box.Move(120, top - 38, 3180, 330);
 }
 
 }  // namespace
@@ -46,18 +46,17 @@ frmOptions::frmOptions(Application& app)
 void frmOptions::LayOut() {
   fraPicture.Move(0, 720, 3105, 2565);
   fraPicture.BackColour = palette::kPanel;
-  imgPicture.Picture = u":/icon/128.png";
+  imgPicture.Picture = u":/icon/256.png";
   imgPicture.Move(593, 323, 1920, 1920);
-  Place(Label1, u"Current Selected Folder for Modifications", 3240, 360, 3510);
-  Label1.Font = {FontRole::Normal, 9};
-  Place(lstDir, u"Folders", 3240, 720, 3510, 1980);
-  Place(lstDrive, u"Drive", 3240, 2760, 3510);
-  Place(lblHolds, {}, 3240, 3165, 3510);
-  Place(lblFolder, {}, 3240, 3420, 3510);
+  Place(Label1, u"Current Selected Folder for Modifications", 3390, 420, 3360);
+  Place(lstDir, u"Folders", 3390, 720, 3360, 1980);
+  Place(lstDrive, u"Drive", 3390, 2760, 3360);
+  Place(lblHolds, {}, 3390, 3165, 3360);
+  Place(lblFolder, {}, 3390, 3420, 3360);
   lblFolder.Height = 780;
   lblFolder.WordWrap = true;
-  Place(chkPacHelper, u"Enable Pac-Man Helper on Startup", 3360);
-  Place(chkSoundFX, u"Enable Sound FX!", 3960);
+  Place(chkPacHelper, u"Enable Pac-Man Helper on Startup", 3480);
+  Place(chkSoundFX, u"Enable Sound FX!", 4020);
   Place(chkVideoFX, u"Enable Video FX!", 4560);
   Place(lblSave, u"Save Changes", palette::kOrange, 5100, 4230, 1650);
   Place(lblExit, u"Exit", palette::kViolet, 5100, 4635, 1650);
