@@ -1,6 +1,7 @@
 #include <QApplication>
 
 #include "assistant/PacDialogue.h"
+#include "desktop/FilmVideo.h"
 #include "desktop/HelpKey.h"
 #include "desktop/QtForms.h"
 #include "desktop/QtWindows.h"
@@ -17,15 +18,16 @@ namespace {
 struct Program {
   HostMachine host = OpenHostMachine();
   SdlSound sound{*host.files};
+  FilmVideo video{*host.files};
   QtWindows windows;
   QtForms forms;
   HelpKey helpKey{[this] { windows.ShowManual(forms.HelpPage()); }};
   PacDialogue dialogue{app};
-  Application app{
-      {*host.files, *host.settings, *host.registry, sound, *host.locale, *host.clock, windows},
-      forms,
-      dialogue,
-      ProgramFolder()};
+  Application app{{*host.files, *host.settings, *host.registry, sound, video, *host.locale,
+                   *host.clock, windows},
+                  forms,
+                  dialogue,
+                  ProgramFolder()};
 };
 
 }  // namespace

@@ -79,6 +79,16 @@ void PaintGrid(QPainter& painter, double phase) {
   }
 }
 
+/// Lets the grid end in the black that surrounds the picture.
+void FadeSides(QPainter& painter) {
+  QLinearGradient fade(0, 0, kWide, 0);
+  for (const double side : {0.0, 1.0}) {
+    fade.setColorAt(side, Qt::black);
+    fade.setColorAt(0.5 + (side - 0.5) * 0.45, Qt::transparent);
+  }
+  painter.fillRect(QRectF(0, 0, kWide, kHigh), fade);
+}
+
 /// The ring under the ship, with marks that go against the ship's turn.
 void PaintRing(QPainter& painter, double phase) {
   const auto at = [](double angle, double reach) {
@@ -152,6 +162,7 @@ void PaintGauges(QPainter& painter, double phase) {
 
 void PaintMain(QPainter& painter, double phase) {
   PaintGrid(painter, phase);
+  FadeSides(painter);
   PaintRing(painter, phase);
   PaintShip(painter, phase);
   PaintGauges(painter, phase);
