@@ -29,12 +29,27 @@ void VideoFace::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawImage(area, image);
   }
-  if (OnPainted) OnPainted();
+  if (OnSeen) OnSeen();
+}
+
+void VideoFace::showEvent(QShowEvent*) {
+  if (QWindow* window = this->window()->windowHandle()) window->installEventFilter(this);
+}
+
+/// A window that comes back is shown as it was, with nothing painted anew.
+bool VideoFace::eventFilter(QObject*, QEvent* event) {
+  if (event->type() == QEvent::Expose && InSight() && OnSeen) OnSeen();
+  return false;
+}
+
+bool VideoFace::InSight() const {
+  const QWindow* window = this->window()->windowHandle();
+  return window && window->isExposed() && !visibleRegion().isEmpty();
 }
 
 MediaPlayerView::MediaPlayerView(MediaPlayer& model, QWidget* parent)
     : ViewOf(model, new VideoFace(parent)) {
-  face_.OnPainted = [this] { Painted(); };
+  face_.OnSeen = [this] { GoOn(); };
   pace_.setTimerType(Qt::PreciseTimer);
   pace_.setInterval(1000 / kPicturesPerSecond);
   QObject::connect(&pace_, &QTimer::timeout, &pace_, [this] { Next(); });
@@ -55,7 +70,7 @@ void MediaPlayerView::Detach() {
   pace_.stop();
 }
 
-void MediaPlayerView::Painted() {
+void MediaPlayerView::GoOn() {
   if (!Live() || !model_.Playing() || pace_.isActive()) return;
   if (model_.Pictures().empty()) {
     QTimer::singleShot(0, &pace_, [this] { Open(); });
@@ -72,16 +87,11 @@ void MediaPlayerView::Open() {
 
 void MediaPlayerView::Next() {
   const VideoPictures& pictures = model_.Pictures();
-  if (!Live() || pictures.empty() || !InSight()) return pace_.stop();
+  if (!Live() || pictures.empty() || !face_.InSight()) return pace_.stop();
   if (++shown_ < pictures.size()) return face_.Show(pictures[shown_]);
   if (!model_.Repeats) return model_.Stop();
   shown_ = 0;
   face_.Show(pictures[0]);
-}
-
-bool MediaPlayerView::InSight() const {
-  const QWindow* window = face_.window()->windowHandle();
-  return window && window->isExposed() && !face_.visibleRegion().isEmpty();
 }
 
 }  // namespace tarvo

@@ -14,17 +14,22 @@ class VideoFace : public QWidget {
 
   void Show(std::shared_ptr<const VideoPicture> picture);
 
-  std::function<void()> OnPainted;
+  bool InSight() const;
+
+  /// It was painted, or its window has come back to the screen.
+  std::function<void()> OnSeen;
 
  protected:
+  void showEvent(QShowEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   std::shared_ptr<const VideoPicture> picture_;
 };
 
 /// The file is opened when the player has come on the screen, so that the window comes first.
-/// While nothing of the player can be seen, nothing goes on: the next painting wakes it.
+/// While nothing of the player can be seen, nothing goes on.
 class MediaPlayerView : public ViewOf<MediaPlayer, VideoFace> {
  public:
   MediaPlayerView(MediaPlayer& model, QWidget* parent);
@@ -32,10 +37,9 @@ class MediaPlayerView : public ViewOf<MediaPlayer, VideoFace> {
   void Detach() override;
 
  private:
-  void Painted();
+  void GoOn();
   void Open();
   void Next();
-  bool InSight() const;
 
   QTimer pace_;
   std::size_t shown_ = 0;  ///< The number of the picture that is shown.
