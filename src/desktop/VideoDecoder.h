@@ -15,6 +15,6 @@ using VideoDecoder = void(FileTextView film, int width, int height,
                           const std::atomic<bool>& givenUp, VideoPictures& pictures);
 
 inline constexpr const char* kVideoDecoder = "TarvoDecodeVideo";
-inline constexpr std::size_t kVideoMemory = 32 << 20;
+inline constexpr std::size_t kVideoMemory = 64 << 20;
 
 }  // namespace tarvo
