@@ -1,12 +1,13 @@
 #include "desktop/Pictures.h"
 
+#include <QDir>
 #include <QPainter>
 #include <QPixmap>
 #include <QPixmapCache>
 
 namespace tarvo {
 
-void DrawPicture(QPainter& painter, const QRect& area, const QString& name) {
+void DrawPicture(QPainter& painter, const QRect& area, const QString& name, const QColor& light) {
   if (name.isEmpty() || area.isEmpty()) return;
   const bool dense = painter.device()->devicePixelRatioF() > 1;
   const QString key = name + (dense ? QStringLiteral("@2x") : QString());
@@ -18,8 +19,22 @@ void DrawPicture(QPainter& painter, const QRect& area, const QString& name) {
     QPixmapCache::insert(key, picture);
   }
   if (picture.isNull()) return;
+  if (light.alpha() > 0) {
+    QPainter over(&picture);
+    over.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+    over.fillRect(picture.rect(), light);
+  }
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.drawPixmap(area, picture, picture.rect());
+}
+
+QIcon ProgramIcon() {
+  QIcon icon;
+  const QDir folder(QStringLiteral(":/icon"));
+  for (const QString& file : folder.entryList({QStringLiteral("*.png")})) {
+    icon.addFile(folder.filePath(file));
+  }
+  return icon;
 }
 
 }  // namespace tarvo

@@ -3,6 +3,7 @@
 #include "assistant/PacDialogue.h"
 #include "desktop/FilmVideo.h"
 #include "desktop/HelpKey.h"
+#include "desktop/Pictures.h"
 #include "desktop/QtForms.h"
 #include "desktop/QtWindows.h"
 #include "desktop/SdlSound.h"
@@ -17,6 +18,7 @@ namespace {
 /// destroyed first stands last.
 struct Program {
   HostMachine host = OpenHostMachine();
+  FoundProgramFolder folder = OpenProgramFolder(*host.files);
   SdlSound sound{*host.files};
   FilmVideo video{*host.files};
   QtWindows windows;
@@ -27,7 +29,7 @@ struct Program {
                    *host.clock, windows},
                   forms,
                   dialogue,
-                  ProgramFolder()};
+                  folder.Path};
 };
 
 }  // namespace
@@ -37,9 +39,14 @@ int main(int argc, char** argv) {
   QApplication qt(argc, argv);
   QApplication::setApplicationName("Tarvo Packager");
   QApplication::setDesktopFileName("tarvo-packager");
+  QApplication::setWindowIcon(tarvo::ProgramIcon());
   tarvo::ApplySkin(qt);
   tarvo::Program program;
   program.forms.SetScreens(program.app.screens);
+  const tarvo::Text failure = tarvo::FailureWords(program.folder);
+  if (!failure.empty()) {
+    program.windows.ShowMessage(failure, u"Tarvo Packager", tarvo::BoxIcon::Exclamation);
+  }
   program.app.Screen<tarvo::frmMain>().Visible = true;
   return QApplication::exec();
 }

@@ -23,7 +23,6 @@ void frmMain::Load() {
   const TwipSize screen = app_.machine.windows.ScreenSize();
   Left = screen.Width / 2 - Width / 2;
   Top = screen.Height / 2 - Height / 2;
-  app_.machine.windows.SetHelpFile(app_.ProgramFolder + u"\\Help\\Help System.chm");
   StartUpSequence(app_);
   Caption = u"Tarvo Packager (" + app_.State.AppVersion + u")";
 }

@@ -29,6 +29,13 @@ TestMachine::TestMachine()
   settings.Write(u"Tarvo Packager", u"Settings", u"GamePath", GameFolder());
 }
 
+frmMain& TestMachine::Start() {
+  if (hasFoundation && !app.screens.Find<frmMain>()) {
+    WriteFile(GameFolder() + u"\\scripts\\Custom\\FoundationConfig.py", "config");
+  }
+  return app.Screen<frmMain>();
+}
+
 void TestMachine::WriteFile(TextView path, FileTextView bytes) {
   const Text whole(path);
   for (std::size_t slash = folder.Game().size(); slash != Text::npos;
@@ -72,6 +79,8 @@ void TestMachine::RunModal(Form& form) {
   if (dialog.txtInputBox.Visible) {
     dialog.txtInputBox.SetText(answer);
     dialog.cmdOk.Press();
+  } else if (answer.empty()) {
+    app.screens.Close(form);
   } else {
     (answer == u"Yes" ? dialog.cmdYes : answer == u"All" ? dialog.cmdAll : dialog.cmdNo).Press();
   }

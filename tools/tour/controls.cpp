@@ -108,6 +108,7 @@ void PrintGameTools(Application& app) {
          {"lblMenus", tools.lblMenus},
          {"lblChecker", tools.lblChecker},
          {"fraShipInfo", tools.fraShipInfo},
+         {"cboShipName", tools.cboShipName},
          {"cboSpecies", tools.cboSpecies},
          {"FileList2", tools.FileList2},
          {"lblMakeShipPlugin", tools.lblMakeShipPlugin},
@@ -132,6 +133,8 @@ void PrintGameTools(Application& app) {
          {"fraQBMenu", tools.fraQBMenu},
          {"imgButtonU", tools.imgButtonU},
          {"imgButtonD", tools.imgButtonD},
+         {"imgButtonL", tools.imgButtonL},
+         {"imgButtonR", tools.imgButtonR},
          {"lblExit", tools.lblExit},
          {"lblExit1", tools.lblExit1},
          {"lblExit2", tools.lblExit2},
@@ -181,7 +184,8 @@ void PrintPlaces(Application& app) {
          {"lblExit", tgl.lblExit},
          {"fraGameTGL", tgl.fraGameTGL},
          {"File2", tgl.File2},
-         {"lblUpdateGame", tgl.lblUpdateGame}});
+         {"lblUpdateGame", tgl.lblUpdateGame},
+         {"lblExit1", tgl.lblExit1}});
   PrintGameTools(app);
   auto& options = app.Screen<frmOptions>();
   Print("frmOptions", options,

@@ -31,12 +31,6 @@ HostMachine OpenHostMachine() {
   return machine;
 }
 
-Text ProgramFolder() {
-  std::error_code failed;
-  const auto file = std::filesystem::read_symlink("/proc/self/exe", failed);
-  return GamePathOf(file.parent_path().native());
-}
-
 std::string HostPath(TextView gamePath) {
   const std::optional<HostParts> parts = SplitGamePath(gamePath);
   return parts ? NameLookup().Resolve("/", parts->Names) : std::string();
