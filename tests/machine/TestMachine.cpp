@@ -22,7 +22,7 @@ TestMachine::TestMachine()
     : disk(OpenFiles(folder.Host("journal"))),
       files(*disk),
       dialogue(app),
-      app({files, settings, registry, sound, locale, clock, *this}, *this, dialogue,
+      app({files, settings, registry, sound, video, locale, clock, *this}, *this, dialogue,
           ProgramFolder()) {
   WriteFile(GameFolder() + u"\\stbc.exe", "game");
   WriteFile(ProgramFolder() + u"\\tarvo", "program");

@@ -54,6 +54,7 @@ class TestMachine : public FormHost, public Windows {
   MemorySettings settings;
   MemoryRegistry registry;
   RecordingSound sound;
+  RecordingVideo video;
   FixedLocale locale;
   ScriptedClock clock;
   PacDialogue dialogue;
