@@ -76,6 +76,7 @@ class Session : private FormHost, private Shell, private Sound, private ControlO
   void ShowOptions() override {}
   void SettleGame() override {}  // The user has named the game, or it was found.
   void WorkScreenClosed() override {}
+  void RunMessageTimer(bool) override {}
   void Play(TextView, unsigned) override {}
   void ControlChanged(Control& control) override;
   void ControlRefreshed(Control& control) override { ControlChanged(control); }

@@ -30,6 +30,9 @@ class Form : public Control {
   Property<Button*> DefaultButton{*this, nullptr};
   Property<Button*> CancelButton{*this, nullptr};
 
+  /// A Window that leaves the keyboard where it is when it is shown. To be set before that.
+  bool LeavesKeyboard = false;
+
   Style Kind() const { return style_; }
   Form* Owner() const { return owner_; }
 

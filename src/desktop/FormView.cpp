@@ -68,6 +68,7 @@ FormView::FormView(Form& model, FormWidget* owner)
                                    : model.Kind() == Form::Style::Child ? owner->Ground()
                                                                         : owner->window(),
                                    FlagsOf(model.Kind()))) {
+  face_.setAttribute(Qt::WA_ShowWithoutActivating, model.LeavesKeyboard);
   face_.hide();  // A child of a visible widget would come with its first event else.
   face_.OnCloseBox = [this] { CloseBox(); };
   face_.OnMoved = [this] { Moved(); };

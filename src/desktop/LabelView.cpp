@@ -73,6 +73,13 @@ void LabelFace::paintEvent(QPaintEvent*) {
   }
 }
 
+int LabelPixels(const Label& label) {
+  const QFont font = ToQt(label.Font);
+  const QSize area(PixelRect(label).width(), QWIDGETSIZE_MAX);
+  const auto lines = LinesThatFit(ToQt(label.Caption), font, area, label.WordWrap);
+  return static_cast<int>(lines.size()) * QFontMetrics(font).lineSpacing();
+}
+
 LabelView::LabelView(Label& model, QWidget* parent) : ViewOf(model, new LabelFace(parent)) {}
 
 void LabelView::Apply() {

@@ -10,6 +10,8 @@
 #include <algorithm>
 
 #include "desktop/FormView.h"
+#include "desktop/LabelView.h"
+#include "desktop/Skin.h"
 #include "desktop/ViewFactory.h"
 
 namespace tarvo {
@@ -107,6 +109,10 @@ void QtForms::Quit() {
   // Posted, so that it also ends a loop that is yet to begin. QApplication::quit would ask every
   // window to close first.
   QTimer::singleShot(0, &context_, [] { QApplication::exit(); });
+}
+
+int QtForms::TextHeight(const Label& label) {
+  return ToTwips(LabelPixels(label));
 }
 
 QtForms::Record* QtForms::Find(const Form& form) const {

@@ -34,6 +34,8 @@ class QtForms : public FormHost {
 
   void Quit() override;
 
+  int TextHeight(const Label& label) override;
+
  private:
   /// The views of one form, and its widget.
   class Record;

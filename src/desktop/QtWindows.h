@@ -11,6 +11,7 @@ class QtWindows : public Windows {
   bool OpenAddress(TextView address) override;
   void SetHelpFile(TextView path) override { helpFile_ = Text(path); }
   TwipSize ScreenSize() override;
+  TwipArea ScreenAt(int left, int top) override;
 
  private:
   Text helpFile_;

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <string>
 
+#include "assistant/MessageQueue.h"
 #include "controls/Palette.h"
 #include "gametools/frmGameTools.h"
 #include "packages/frmPackager.h"
@@ -10,6 +11,7 @@
 #include "platform/Sound.h"
 #include "shiptgl/frmTGLTools.h"
 #include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
@@ -115,9 +117,14 @@ void frmMainMenu::ChangeDigits() {
 }
 
 void frmMainMenu::Exit() {
+  AppState& state = app_.State;
   PlayEffect(app_, u"ShutDown.wav", kPlayToEnd);
+  if (state.PacHelper) {
+    app_.dialogue.PacMsg(kGoodBye, Title::Information);
+    if (state.PacQueue[0].empty()) state.PacExiting = true;
+  }
   app_.MainForm->Visible = false;
-  app_.screens.Host().Quit();
+  if (!state.PacHelper) app_.screens.Host().Quit();
 }
 
 }  // namespace tarvo

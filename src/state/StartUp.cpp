@@ -8,6 +8,7 @@
 #include "platform/Settings.h"
 #include "platform/Sound.h"
 #include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
 #include "state/Shell.h"
 #include "text/LetterCase.h"
 #include "text/Utf8.h"
@@ -127,6 +128,7 @@ void StartUpSequence(Application& app) {
   ReadFlag(app, u"VideoFX", u"True", state.VideoFX);
   PlayEffect(app, u"SystemsOnline.wav", kPlay);
   MakeProgramFolders(app);
+  app.dialogue.PacStart();
   app.shell->ShowMainMenu();
   app.shell->ShowStatus(u"Standing By...");
   ClearGameTextsReadOnly(app);
