@@ -1,5 +1,6 @@
 #include "desktop/Pictures.h"
 
+#include <QDir>
 #include <QPainter>
 #include <QPixmap>
 #include <QPixmapCache>
@@ -20,6 +21,15 @@ void DrawPicture(QPainter& painter, const QRect& area, const QString& name) {
   if (picture.isNull()) return;
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.drawPixmap(area, picture, picture.rect());
+}
+
+QIcon ProgramIcon() {
+  QIcon icon;
+  const QDir folder(QStringLiteral(":/icon"));
+  for (const QString& file : folder.entryList({QStringLiteral("*.png")})) {
+    icon.addFile(folder.filePath(file));
+  }
+  return icon;
 }
 
 }  // namespace tarvo

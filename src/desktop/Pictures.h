@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QIcon>
 #include <QRect>
 #include <QString>
 
@@ -10,5 +11,8 @@ namespace tarvo {
 /// Draws the picture of that name, as in Image::Picture, to fill the area; nothing where there is
 /// none. A file "name@2x.png" beside "name.png" serves dense screens.
 void DrawPicture(QPainter& painter, const QRect& area, const QString& name);
+
+/// The program's icon in all its sizes.
+QIcon ProgramIcon();
 
 }  // namespace tarvo

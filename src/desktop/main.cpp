@@ -1,6 +1,7 @@
 #include <QApplication>
 
 #include "assistant/PacDialogue.h"
+#include "desktop/Pictures.h"
 #include "desktop/QtForms.h"
 #include "desktop/QtWindows.h"
 #include "desktop/SdlSound.h"
@@ -33,6 +34,7 @@ int main(int argc, char** argv) {
   QApplication qt(argc, argv);
   QApplication::setApplicationName("Tarvo Packager");
   QApplication::setDesktopFileName("tarvo-packager");
+  QApplication::setWindowIcon(tarvo::ProgramIcon());
   tarvo::ApplySkin(qt);
   tarvo::Program program;
   program.forms.SetScreens(program.app.screens);

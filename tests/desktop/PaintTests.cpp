@@ -2,6 +2,7 @@
 #include <thread>
 
 #include "Desk.h"
+#include "desktop/Pictures.h"
 #include "desktop/Skin.h"
 
 namespace tarvo::test {
@@ -66,6 +67,13 @@ TEST_F(Painting, ButtonsShowTheirStates) {
   EXPECT_TRUE(Until([&] { return light() == plain; })) << "left alone";
   form.Enabled = false;
   EXPECT_TRUE(Until([&] { return light() < plain / 2; })) << "switched off";
+}
+
+TEST(Pictures, TheIconIsThereInEverySize) {
+  const QList<QSize> sizes = ProgramIcon().availableSizes();
+  for (const int size : {16, 22, 24, 32, 48, 64, 128, 256, 512}) {
+    EXPECT_TRUE(sizes.contains(QSize(size, size))) << size;
+  }
 }
 
 }  // namespace

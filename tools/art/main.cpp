@@ -1,0 +1,57 @@
+// Draws the program's own pictures: art FOLDER, the folder being src/desktop/resources.
+
+#include <QDir>
+#include <QImageWriter>
+#include <cstdio>
+
+#include "Figure.h"
+#include "Icon.h"
+#include "Poses.h"
+
+namespace {
+
+bool Write(const QImage& picture, const QString& file) {
+  QImageWriter writer(file, "png");
+  writer.setCompression(100);
+  if (QDir().mkpath(QFileInfo(file).path()) && writer.write(picture)) return true;
+  std::fprintf(stderr, "art: can't write %s\n", qPrintable(file));
+  return false;
+}
+
+bool WriteIcons(const QString& folder) {
+  bool all = true;
+  for (const int size : {16, 22, 24, 32, 48, 64, 128, 256, 512}) {
+    all &= Write(tarvo::art::ProgramIcon(size), QStringLiteral("%1/%2.png").arg(folder).arg(size));
+  }
+  return all;
+}
+
+/// FOLDER/NAME.png and, twice as dense, FOLDER/NAME@2x.png.
+bool WriteBoth(const QString& folder, const QString& name, const std::function<QImage(int)>& draw) {
+  return Write(draw(1), folder + '/' + name + ".png") &&
+         Write(draw(2), folder + '/' + name + "@2x.png");
+}
+
+bool WriteAssistant(const QString& folder) {
+  bool all = true;
+  for (const tarvo::art::NamedSet& set : tarvo::art::PoseSets()) {
+    for (int frame = 0; frame < tarvo::art::kFrames; ++frame) {
+      all &= WriteBoth(folder, set.name + QString::number(frame), [&](int density) {
+        return tarvo::art::AssistantFrame(set.poses[frame], density);
+      });
+    }
+  }
+  return all;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  if (count != 2) {
+    std::fputs("Usage: art FOLDER\n", stderr);
+    return 2;
+  }
+  const QString folder = QString::fromLocal8Bit(arguments[1]);
+  const bool icons = WriteIcons(folder + "/icon");
+  return WriteAssistant(folder + "/assistant") && icons ? 0 : 1;
+}
