@@ -45,10 +45,13 @@ void PacDialogue::PacMsg(TextView text, Title title) {
     if (const Message first = TakeMessage(state); !first.Text.empty()) Begin(first);
   }
   const Message message{Text(text), title, state.PacAsking};
-  const bool idle = state.PacState == PacActivity::Idle;
-  if (state.PacSpeech.empty() || (idle && state.PacQueue[0].empty())) {
+  const bool free = state.PacState == PacActivity::Idle && state.PacQueue[0].empty();
+  // A question is never left out: its dialog waits for it.
+  const bool isBeingSaid = state.PacState == PacActivity::Talk && !message.IsQuestion &&
+                           text == helper.lblPac_Label.Caption.Get();
+  if (free || state.PacSpeech.empty()) {
     Begin(message);
-  } else if (idle || state.PacAsking || text != helper.lblPac_Label.Caption.Get()) {
+  } else if (!isBeingSaid) {
     AppendMessage(state, message);
   }
 }
