@@ -1,3 +1,4 @@
+#include <QPainter>
 #include <chrono>
 #include <thread>
 
@@ -67,6 +68,34 @@ TEST_F(Painting, ButtonsShowTheirStates) {
   EXPECT_TRUE(Until([&] { return light() == plain; })) << "left alone";
   form.Enabled = false;
   EXPECT_TRUE(Until([&] { return light() < plain / 2; })) << "switched off";
+}
+
+TEST(Pictures, TheAssistantHasAllOfItsOwnInBothDensities) {
+  QStringList names{"information", "question", "warning", "critical"};
+  for (const char* set : {"walk", "talk", "sad", "critical", "mad"}) {
+    for (int frame = 0; frame <= 8; ++frame) names << set + QString::number(frame);
+  }
+  for (const QString& name : names) {
+    const int side = name.back().isDigit() ? 64 : 41;
+    EXPECT_EQ(QImage(":/assistant/" + name + ".png").size(), QSize(side, side))
+        << name.toStdString();
+    EXPECT_EQ(QImage(":/assistant/" + name + "@2x.png").size(), 2 * QSize(side, side))
+        << name.toStdString();
+  }
+}
+
+TEST(Pictures, DenseScreensGetTheDensePicturePixelByPixel) {
+  for (const int density : {1, 2}) {
+    QImage screen(QSize(64, 64) * density, QImage::Format_ARGB32_Premultiplied);
+    screen.setDevicePixelRatio(density);
+    screen.fill(Qt::transparent);
+    QPainter painter(&screen);
+    DrawPicture(painter, {0, 0, 64, 64}, ":/assistant/talk8.png");
+    painter.end();
+    screen.setDevicePixelRatio(1);
+    const QImage file(density == 1 ? ":/assistant/talk8.png" : ":/assistant/talk8@2x.png");
+    EXPECT_EQ(screen, file.convertToFormat(screen.format())) << density;
+  }
 }
 
 TEST(Pictures, TheIconIsThereInEverySize) {

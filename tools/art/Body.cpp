@@ -79,11 +79,18 @@ void DrawArm(QPainter& painter, const QPointF& shoulder, const Hand& hand, bool 
   DrawGlove(painter, place, degrees, far, far);
 }
 
+/// Where the middle of the sole is. A tilted foot stands on its heel or its toe.
+QPointF SoleOf(const Foot& foot) {
+  const double tilt = qSin(qDegreesToRadians(foot.toeUp));
+  const double below = tilt > 0 ? 4.8 * tilt : -6.8 * tilt;
+  return {foot.x, kGround - foot.y - below};
+}
+
 /// A boot whose sole has its middle at the foot's place, with the toe on the left.
 void DrawBoot(QPainter& painter, const Foot& foot, bool far) {
   const QColor leather = Mix(ToQt(palette::kBlue), QColor(20, 10, 60), far ? 0.38 : 0.08);
   painter.save();
-  painter.translate(foot.x, kGround - foot.y);
+  painter.translate(SoleOf(foot));
   painter.rotate(foot.toeUp);
   QPainterPath boot(QPointF(-6.6, -1.4));
   boot.cubicTo(-6.8, -5.6, -2.2, -6.2, -0.8, -7.2);
@@ -105,7 +112,7 @@ void DrawBoot(QPainter& painter, const Foot& foot, bool far) {
 void DrawLeg(QPainter& painter, const Ball& ball, const Foot& foot, bool far) {
   const QPointF hip = ball.At(far ? -90 : 90, 0, 0.3) + QPointF(0, ball.RadiusY() * 0.86);
   const double angle = qDegreesToRadians(foot.toeUp);
-  const QPointF ankle(foot.x + 1.4 + 6 * qSin(angle), kGround - foot.y - 6.2 * qCos(angle));
+  const QPointF ankle = SoleOf(foot) + QPointF(1.4 + 6 * qSin(angle), -6.2 * qCos(angle));
   const QPointF knee = (hip + ankle) / 2 + QPointF(-1.2 - foot.y * 0.5, 0);
   DrawLimb(painter, hip, knee, ankle, far ? Mix(kLimb, kLine, 0.35) : kLimb);
   DrawBoot(painter, foot, far);
@@ -129,7 +136,7 @@ QPainterPath Band(const Ball& ball, double from) {
   return band;
 }
 
-void DrawBand(QPainter& painter, const QPainterPath& band, const QColor& colour) {
+void DrawBand(QPainter& painter, const QPainterPath& band, const QBrush& colour) {
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(QColor(58, 30, 74), 3.6, Qt::SolidLine, Qt::FlatCap, Qt::RoundJoin));
   painter.drawPath(band);
@@ -156,7 +163,7 @@ void DrawNearCup(QPainter& painter, const Ball& ball) {
   painter.setPen(QPen(QColor(58, 30, 74), 1.5, Qt::SolidLine, Qt::RoundCap));
   painter.drawPath(boom);
   painter.setPen(QPen(QColor(58, 30, 74), 0.8));
-  painter.setBrush(ToQt(palette::kOrange));
+  painter.setBrush(ToQt(palette::kBlue));
   painter.drawEllipse(microphone, 2.0, 1.7);
   painter.setPen(Qt::NoPen);
   const double width = 6.4 + 2.6 * (1 - ball.Narrowing(0));
@@ -170,7 +177,10 @@ void DrawNearCup(QPainter& painter, const Ball& ball) {
 void DrawFarParts(QPainter& painter, const Ball& ball, const Pose& pose) {
   const QColor violet = Mix(ToQt(palette::kViolet), Qt::black, 0.3);
   DrawCup(painter, ball.At(-kEarYaw, kEarPitch, 1.02), 5.5, violet);
-  DrawBand(painter, Band(ball, -1), violet);
+  QLinearGradient shade(ball.At(-kEarYaw, 0), ball.Middle());
+  shade.setColorAt(0, violet);
+  shade.setColorAt(1, ToQt(palette::kViolet));
+  DrawBand(painter, Band(ball, -1), shade);
   if (!pose.far.before) DrawArm(painter, ball.At(-80, -18, 0.9), pose.far, true);
   DrawLeg(painter, ball, pose.farFoot, true);
   DrawLeg(painter, ball, pose.nearFoot, false);
@@ -196,7 +206,7 @@ void DrawBody(QPainter& painter, const Ball& ball, const Pose& pose) {
 void DrawNearParts(QPainter& painter, const Ball& ball, const Pose& pose) {
   DrawNearCup(painter, ball);
   if (pose.far.before) DrawArm(painter, ball.At(-62, -30, 0.9), pose.far, true);
-  DrawArm(painter, ball.At(84, -24, 0.92), pose.near, false);
+  DrawArm(painter, ball.At(86, -22, 0.96), pose.near, false);
 }
 
 }  // namespace tarvo::art

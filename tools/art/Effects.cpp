@@ -12,9 +12,9 @@ namespace {
 
 /// One puff that has gone `age` of its way, 0 to 1, from the ear on that side.
 void DrawPuff(QPainter& painter, const QPointF& ear, double side, double age) {
-  const QPointF place = ear + QPointF(side * (2 + 6 * age), -4 - 13 * age);
-  const double radius = 1.6 + 3.2 * age;
-  const double strength = age < 0.55 ? 1 : (1 - age) / 0.45;
+  const QPointF place = ear + QPointF(side * (1 + 5.5 * age), -4 - 11.5 * age);
+  const double radius = age < 0.65 ? 1.6 + 4 * age : 4.2 * (1.25 - age) / 0.6;
+  const double strength = age < 0.7 ? 1 : 1 - (age - 0.7) / 0.45;
   QPainterPath cloud;
   cloud.setFillRule(Qt::WindingFill);
   cloud.addEllipse(place, radius, radius);

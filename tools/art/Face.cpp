@@ -106,7 +106,7 @@ void DrawOpenMouth(QPainter& painter, const Lips& lips, const Mouth& mouth) {
   painter.drawEllipse(lips.Middle() + QPointF(0, lips.lower + 0.6), width * 0.32,
                       1 + mouth.open * 3.4);
   painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(Qt::white, 3.4 + mouth.open * 0.8));
+  painter.setPen(QPen(Qt::white, qMin(3.9, 6 * mouth.open)));
   painter.drawPath(lips.Upper());
   painter.restore();
   painter.setBrush(Qt::NoBrush);
@@ -120,8 +120,9 @@ void DrawGrit(QPainter& painter, const Lips& lips, const Mouth& mouth) {
   const QPointF middle = lips.Middle();
   const double half = (lips.right.x() - lips.left.x()) / 2;
   const auto height = [&](double share, double side) {
-    const double ripple = 0.55 * qSin((share * 2.2 + mouth.grit) * 2 * M_PI);
-    return middle.y() + 1.7 * share * share + ripple + side * 2.9 * qSqrt(1 - 0.6 * share * share);
+    const double ripple = 0.3 * qSin((share + mouth.grit) * 2 * M_PI);
+    const double rounding = 1 - qPow(qAbs(share), 5);
+    return middle.y() + 2 * share * share + ripple + side * 3.1 * rounding;
   };
   QPolygonF outline;
   for (double share = -1; share <= 1.001; share += 0.1) {
@@ -133,13 +134,13 @@ void DrawGrit(QPainter& painter, const Lips& lips, const Mouth& mouth) {
   painter.setPen(QPen(kInk, 1.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.setBrush(Qt::white);
   painter.drawPolygon(outline);
-  painter.setPen(QPen(Mix(kInk, Qt::white, 0.35), 0.7));
+  painter.setPen(QPen(Mix(kInk, Qt::white, 0.4), 0.6));
   QPolygonF seam;
   for (double share = -1; share <= 1.001; share += 0.1) {
     seam << QPointF(middle.x() + half * share, height(share, 0));
   }
   painter.drawPolyline(seam);
-  for (const double share : {-0.55, 0.0, 0.55}) {
+  for (const double share : {-0.5, 0.0, 0.5}) {
     painter.drawLine(QPointF(middle.x() + half * share, height(share, -1)),
                      QPointF(middle.x() + half * share, height(share, 1)));
   }

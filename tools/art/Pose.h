@@ -44,7 +44,7 @@ struct Pose {
   Eyes eyes;
   Brows brows;
   Hand far{8.5, 41};
-  Hand near{54, 42};
+  Hand near{55, 43};
   Foot farFoot{24, 0};
   Foot nearFoot{39, 0};
   double flush = 0;     ///< 0 yellow to 1 red.

@@ -22,12 +22,11 @@ Foot WalkingFoot(double share, double middle) {
     const double along = share / 0.5;
     const double heelUp = qMax(0.0, along - 0.75) * 4;
     const double toeUp = qMax(0.0, 0.2 - along) * 5;
-    return {middle + kReach * (2 * along - 1), heelUp * 1.2, 16 * toeUp - 24 * heelUp};
+    return {middle + kReach * (2 * along - 1), 0, 16 * toeUp - 24 * heelUp};
   }
   const double along = (share - 0.5) / 0.5;
   const double smooth = along * along * (3 - 2 * along);
-  return {middle + kReach * (1 - 2 * smooth), 1.2 * (1 - along) + 5 * qSin(along * M_PI),
-          -24 + 40 * smooth};
+  return {middle + kReach * (1 - 2 * smooth), 5 * qSin(along * M_PI), -24 + 40 * smooth};
 }
 
 PoseSet Walk() {
@@ -39,7 +38,7 @@ PoseSet Walk() {
     pose.farFoot = WalkingFoot(share, 31);
     pose.nearFoot = WalkingFoot(share + 0.5, 33);
     const double bounce = -Wave(2 * share + 0.25);
-    pose.lift = 1.1 + 1.2 * bounce;
+    pose.lift = 0.8 + 0.8 * bounce;
     pose.squash = -0.012 * bounce;
     const double swing = qCos(share * 2 * M_PI);
     pose.far = {14 + 7.5 * swing, 43 - qAbs(swing)};
@@ -74,26 +73,27 @@ PoseSet Talk() {
   return set;
 }
 
-/// A hand at the chin, for what the figure asks or worries about.
+/// A hand raised, for what the figure asks or worries about.
 PoseSet Sad() {
-  constexpr std::array<Mouth, kFrames> kSpeech{{{0.14, 0.56, -0.6},
-                                                {0.28, 0.52, -0.6},
-                                                {0.42, 0.48, -0.5},
-                                                {0.34, 0.42, -0.4},
-                                                {0.20, 0.42, -0.4},
-                                                {0.26, 0.50, -0.5},
-                                                {0.34, 0.54, -0.6},
-                                                {0.16, 0.58, -0.7},
-                                                {0, 0.60, -0.8}}};
+  constexpr std::array<Mouth, kFrames> kSpeech{{{0.24, 0.62, -0.6},
+                                                {0.44, 0.58, -0.6},
+                                                {0.58, 0.52, -0.5},
+                                                {0.46, 0.46, -0.4},
+                                                {0.28, 0.46, -0.4},
+                                                {0.34, 0.54, -0.5},
+                                                {0.46, 0.60, -0.6},
+                                                {0.24, 0.64, -0.7},
+                                                {0, 0.64, -0.8}}};
   PoseSet set;
   for (int frame = 0; frame < kFrames; ++frame) {
     const double share = (frame + 1.0) / kFrames;
     Pose& pose = set[frame];
     pose.mouth = kSpeech[frame];
     pose.eyes = {0.98, 0.95, -0.5, -0.5};
-    pose.brows = {0.7 + 0.4 * pose.mouth.open, 0.85};
+    pose.brows = {0.6 + 0.8 * pose.mouth.open, 0.85};
     pose.squash = 0.012 - 0.012 * pose.mouth.open;
-    pose.near = {45.5, 43 - 0.6 * Wave(share)};
+    pose.near = {57.2 + 1.6 * Wave(share), 24.5 - 3 * pose.mouth.open};
+    pose.far = {10, 43.5};
   }
   return set;
 }

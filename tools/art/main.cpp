@@ -4,6 +4,7 @@
 #include <QImageWriter>
 #include <cstdio>
 
+#include "Badges.h"
 #include "Figure.h"
 #include "Icon.h"
 #include "Poses.h"
@@ -40,6 +41,10 @@ bool WriteAssistant(const QString& folder) {
         return tarvo::art::AssistantFrame(set.poses[frame], density);
       });
     }
+  }
+  for (const auto& [name, title] : tarvo::art::kTitles) {
+    all &= WriteBoth(folder, name,
+                     [&](int density) { return tarvo::art::TitlePicture(title, density); });
   }
   return all;
 }
