@@ -71,7 +71,11 @@ FormView::FormView(Form& model, FormWidget* owner)
   face_.setAttribute(Qt::WA_ShowWithoutActivating, model.LeavesKeyboard);
   face_.hide();  // A child of a visible widget would come with its first event else.
   face_.OnCloseBox = [this] { CloseBox(); };
-  face_.OnMoved = [this] { Moved(); };
+  // A window that gets another size is told of a wrong place first on some desktops.
+  moved_.setSingleShot(true);
+  moved_.setInterval(50);
+  face_.OnMoved = [this] { moved_.start(); };
+  QObject::connect(&moved_, &QTimer::timeout, &moved_, [this] { Moved(); });
   face_.OnKey = [this](int key) { return Key(key); };
 }
 

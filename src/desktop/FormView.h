@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <functional>
 
 #include "controls/Form.h"
@@ -65,6 +66,7 @@ class FormView : public ViewOf<Form, FormWidget> {
   QPointer<QWidget> focus_;  ///< What has, or is to have, the keyboard on this form.
   QPoint placed_;            ///< Where the window was last put, by program or by the user.
   bool everPlaced_ = false;
+  QTimer moved_;  ///< Runs out when the window has come to rest at a place.
 };
 
 }  // namespace tarvo
