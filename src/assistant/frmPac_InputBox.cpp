@@ -48,8 +48,9 @@ void frmPac_InputBox::LayOut() {
     button->BackColour = kButtonColour;
     button->Enabled = false;
   }
-  // The page with these is out of sight, and so it stays for the keyboard.
+  // The Yes/No page is out of sight, and so it stays for the keyboard and in a higher dialog.
   for (Button* button : {&cmdYes, &cmdNo, &cmdAll}) button->Visible = false;
+  Shape2.Visible = false;
   Shape1.ForeColour = palette::kPeach;
   Shape2.ForeColour = palette::kPeach;
   lblInput.ForeColour = kWhite;
@@ -133,9 +134,8 @@ void frmPac_InputBox::LayOutQuestion(TextView question, Title title) {
   for (Control* control : {static_cast<Control*>(&Shape2), static_cast<Control*>(&cmdYes),
                            static_cast<Control*>(&cmdNo)}) {
     control->Top = control->Top - kPageHeight;
+    control->Visible = true;
   }
-  cmdYes.Visible = true;
-  cmdNo.Visible = true;
   DefaultButton = nullptr;
   CancelButton = &cmdNo;
   if (title == Title::Warning) {

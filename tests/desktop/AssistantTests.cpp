@@ -1,5 +1,6 @@
 #include <QEventLoop>
 #include <QTimer>
+#include <QWidget>
 #include <chrono>
 #include <ctime>
 
@@ -89,7 +90,7 @@ TEST_F(AssistantOnDesk, ALongMessageStandsInFullInItsBubble) {
   EXPECT_GT(helper.lblPac_Label.Height, 1215);
   EXPECT_GE(helper.lblPac_Label.Height, forms_.TextHeight(helper.lblPac_Label));
   Turn(100);
-  EXPECT_EQ(WindowOf(helper)->height() * 15, helper.Height);
+  EXPECT_EQ(WindowOf(helper)->height() * 15, helper.Height.Get());
 }
 
 }  // namespace
