@@ -1,4 +1,5 @@
 #include "AssistantTesting.h"
+#include "packages/frmPackager.h"
 
 namespace tarvo::test {
 namespace {
@@ -174,6 +175,19 @@ TEST_F(Figure, ClosedByHandEndsTheProcessAfterExitAndShowsWhatWaitedInBoxes) {
   EXPECT_FALSE(machine.quit);
   machine.app.screens.Close(machine.app.Screen<frmPac_Helper>());
   EXPECT_TRUE(machine.quit);
+}
+
+TEST_F(Figure, TellsWhatTheScreensAreFor) {
+  StartAndSettle();
+  auto& menu = *machine.app.screens.Find<frmMainMenu>();
+  menu.lblPackager.Press();
+  machine.app.screens.Find<frmPackager>()->lblExit.Press();
+  Settle();
+  menu.lblTGLTools.Press();
+  Settle();
+  const std::vector<Speech> all = {{u"Create your Ship Mod Package here!!!", u"talk"},
+                                   {u"Create a New ShipTGL on this Screen", u"talk"}};
+  EXPECT_EQ(heard, all);
 }
 
 TEST_F(Figure, WindowStandsBesideTheMainOneWhichGivesWayOnASmallScreen) {

@@ -66,8 +66,8 @@ class TestMachine : public FormHost, public Windows {
   std::vector<Text> questions;  ///< What the dialog has asked.
   std::deque<Text> answers;     ///< The user's answers to come; with none left he says "No".
   std::function<void(frmPac_InputBox&)> onDialog;  ///< What else he does before he answers.
-  int waited = 0;       ///< Milliseconds that the last dialog took to wake.
-  int textHeight = 0;   ///< As FormHost::TextHeight, of every label.
+  int waited = 0;      ///< Milliseconds that the last dialog took to wake.
+  int textHeight = 0;  ///< As FormHost::TextHeight, of every label.
   TwipSize screen{19200, 15000};
   Text helpFile;
   bool quit = false;
