@@ -16,6 +16,9 @@ class Button : public Control {
   Property<Arrow> Glyph{*this, Arrow::None};  ///< Drawn in place of the caption.
   Property<Text> Picture{*this, {}};          ///< As Image::Picture; drawn in place of the bar.
 
+  /// Drawn as a link: its caption underlined; the pointer over it is an arrow with a question mark.
+  Property<bool> Link{*this, false};
+
   std::function<void()> OnClick;
   std::function<void()> OnPress;    ///< It goes down.
   std::function<void()> OnRelease;  ///< It has gone down and comes up again, whatever the reason.

@@ -32,6 +32,12 @@ void Place(Label& label, TextView caption, int left, int top, int width) {
   label.Move(left, top, width, 270);
 }
 
+void PlaceOver(Form& dialog, const Form* owner) {
+  if (!owner) return;
+  dialog.Left = owner->Left + (owner->Width - dialog.Width) / 2;
+  dialog.Top = owner->Top + (owner->Height - dialog.Height) / 2;
+}
+
 void TabStrip::Place(const std::array<TextView, 4>& captions) const {
   Line.BackColour = palette::kOrange;
   Line.Move(0, 525, kScreenWidth, 45);

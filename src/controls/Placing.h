@@ -11,7 +11,8 @@
 
 namespace tarvo {
 
-/// How the work screens, which stand on the main menu, place what they have in common. Lengths are
+/// How screens place what they have in common, above all the work screens, which stand on the main
+/// menu. Lengths are
 /// twips.
 
 inline constexpr int kFieldHeight = 345;
@@ -23,6 +24,9 @@ void Place(Button& button, TextView caption, Colour colour, int left, int top, i
 void Place(Control& field, TextView name, int left, int top, int width, int height = kFieldHeight);
 
 void Place(Label& label, TextView caption, int left, int top, int width);
+
+/// Puts a dialog over the middle of its owner, where it has one.
+void PlaceOver(Form& dialog, const Form* owner);
 
 /// The tabs in the first 600 twips of a screen.
 struct TabStrip {

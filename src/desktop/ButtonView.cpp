@@ -59,31 +59,46 @@ QString PillButton::Elided() const {
 }
 
 void PillButton::paintEvent(QPaintEvent*) {
+  const QColor light = Light();
   const auto lit = [&](const QColor& colour) {
-    if (!isEnabled()) return colour;
-    if (isDown()) return Mix(colour, QColor(0, 0, 0, colour.alpha()), 0.25);
-    if (underMouse()) return Mix(colour, QColor(255, 255, 255, colour.alpha()), 0.35);
-    return colour;
+    return Mix(colour, QColor(light.red(), light.green(), light.blue(), colour.alpha()),
+               light.alphaF());
   };
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   const bool bare = ground_.alpha() == 0;
   if (!isEnabled()) painter.setOpacity(kOffGround);
-  if (!picture_.isEmpty())
-    DrawPicture(painter, rect(), picture_);
-  else if (!bare)
+  if (!picture_.isEmpty()) {
+    QColor thin = light;  // A picture keeps its contrasts.
+    thin.setAlpha(light.alpha() / 2);
+    DrawPicture(painter, rect(), picture_, thin);
+  } else if (!bare) {
     DrawPill(painter, rect(), lit(ground_));
+  }
   // Dimmed alike, a dark caption would vanish in its bar: it takes the bar's colour instead.
   if (!isEnabled()) painter.setOpacity(kOffCaption);
   const bool asBar = !bare && !isEnabled();
   painter.setPen(asBar ? ground_ : bare ? lit(caption_) : caption_);
   DrawCaption(painter);
-  if (hasFocus()) {
-    const QRectF ring = QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5);
-    const qreal radius = std::min(ring.width(), ring.height()) / 2;
-    painter.setPen(QPen(caption_, 1.5));
-    painter.drawRoundedRect(ring, radius, radius);
-  }
+  if (hasFocus()) DrawRing(painter);
+}
+
+/// What the button's state lays over its colours.
+QColor PillButton::Light() const {
+  if (!isEnabled()) return Qt::transparent;
+  if (isDown()) return {0, 0, 0, 64};
+  if (underMouse()) return {255, 255, 255, 89};
+  return Qt::transparent;
+}
+
+/// The mark of the focus: within a bar, around a picture.
+void PillButton::DrawRing(QPainter& painter) const {
+  const qreal inset = picture_.isEmpty() ? 2.5 : 0.75;
+  const QRectF ring = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
+  const qreal radius = picture_.isEmpty() ? std::min(ring.width(), ring.height()) / 2 : 5;
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(caption_, 1.5));
+  painter.drawRoundedRect(ring, radius, radius);
 }
 
 /// In the painter's pen.
@@ -166,6 +181,11 @@ void ButtonView::Apply() {
   face_.SetGlyph(model_.Glyph);
   face_.SetPicture(ToQt(model_.Picture));
   ApplyCommon();
+  if (!model_.Link) return;
+  QFont underlined = face_.font();
+  underlined.setUnderline(true);
+  face_.setFont(underlined);
+  face_.setCursor(Qt::WhatsThisCursor);
 }
 
 }  // namespace tarvo

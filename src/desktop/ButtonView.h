@@ -32,6 +32,8 @@ class PillButton : public QAbstractButton {
   QRect CaptionArea() const;
   QString Elided() const;
   void DrawCaption(QPainter& painter) const;
+  void DrawRing(QPainter& painter) const;
+  QColor Light() const;
   bool IsHeldBy(const QKeyEvent& event) const;
 
   QColor ground_;

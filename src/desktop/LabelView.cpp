@@ -34,14 +34,13 @@ std::vector<QString> LinesThatFit(const QString& text, const QFont& font, const 
       const bool cut = last || !wrap;
       QString piece = paragraphs[at].mid(start, cut ? -1 : line.textLength());
       // The blanks at which a line was broken hang over its end.
-      while (!cut && piece.endsWith(QLatin1Char(' '))) piece.chop(1);
+      while (piece.endsWith(QLatin1Char(' '))) piece.chop(1);
       if (last && more) piece += QStringLiteral("…");
       lines.push_back(cut ? metrics.elidedText(piece, Qt::ElideRight, area.width()) : piece);
       if (last) return lines;
       start += line.textLength();
     } while (start < paragraphs[at].size());
     layout.endLayout();
-    if (paragraphs[at].isEmpty()) lines.emplace_back();
   }
   return lines;
 }

@@ -7,7 +7,7 @@
 
 namespace tarvo {
 
-void DrawPicture(QPainter& painter, const QRect& area, const QString& name) {
+void DrawPicture(QPainter& painter, const QRect& area, const QString& name, const QColor& light) {
   if (name.isEmpty() || area.isEmpty()) return;
   const bool dense = painter.device()->devicePixelRatioF() > 1;
   const QString key = name + (dense ? QStringLiteral("@2x") : QString());
@@ -19,6 +19,11 @@ void DrawPicture(QPainter& painter, const QRect& area, const QString& name) {
     QPixmapCache::insert(key, picture);
   }
   if (picture.isNull()) return;
+  if (light.alpha() > 0) {
+    QPainter over(&picture);
+    over.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+    over.fillRect(picture.rect(), light);
+  }
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.drawPixmap(area, picture, picture.rect());
 }

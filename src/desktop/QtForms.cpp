@@ -144,6 +144,14 @@ int QtForms::TextHeight(const Label& label) {
   return ToTwips(LabelPixels(label));
 }
 
+Text QtForms::HelpPage() const {
+  for (auto at = records_.rbegin(); at != records_.rend(); ++at) {
+    const Form& form = (*at)->form;
+    if (form.Usable() && !form.HelpPage.Get().empty()) return form.HelpPage;
+  }
+  return {};
+}
+
 QtForms::Record* QtForms::Find(const Form& form) const {
   const auto found = std::find_if(records_.begin(), records_.end(),
                                   [&](const auto& record) { return &record->form == &form; });

@@ -38,6 +38,7 @@ frmGameTools::frmGameTools(Application& app)
       FileList3(&fraIntegrity, app.machine.files, ListBox::Selection::Single, u"*.py"),
       app_(app) {
   MakeTree();
+  HelpPage = u"gametools.html";
   LayOut();
   Connect();
   Scroll_Timer.Enabled = false;

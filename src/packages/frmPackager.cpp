@@ -37,6 +37,7 @@ frmPackager::frmPackager(Application& app)
       app_(app) {
   LayOut();
   Connect();
+  HelpPage = u"packager.html";
   app_.ProgressBars[u"Packager"] = &TarvoProgress;
 }
 

@@ -53,7 +53,9 @@ void frmMain::ShowMainMenu() {
   Visible = true;  // The questions of the start stand over it.
 }
 
-void frmMain::ShowOptions() {}
+void frmMain::ShowOptions() {
+  app_.Screen<frmMainMenu>().ShowOptions();
+}
 
 void frmMain::SettleGame() {
   StartUpSequence(app_);

@@ -19,12 +19,17 @@ class frmMainMenu : public Form {
 
   void Load() override;
 
+  /// Opens the options without the user's doing; the menu waits behind them.
+  void ShowOptions();
+
   /// A work screen has closed: its button and the menu are switched on again.
   void TakeOver();
 
   std::array<Frame, 5> fraBars{Frame{this}, Frame{this}, Frame{this}, Frame{this}, Frame{this}};
   Button lblGameTools{this}, lblTGLTools{this}, lblPackager{this}, lblOptions{this}, lblHelp{this},
       lblExit{this};
+  Label lblName{this};
+  Button imgLogo{this};
   Label lblTitle{this};
   std::array<Label, 7> lblDigits{Label{this}, Label{this}, Label{this}, Label{this},
                                  Label{this}, Label{this}, Label{this}};
@@ -42,6 +47,8 @@ class frmMainMenu : public Form {
 
   template <class Screen>
   void Open(Button& button, TextView title);
+  template <class Screen>
+  void Show(Button& button, TextView title);
 
   Application& app_;
   Button* opener_ = nullptr;  ///< The button of the work screen that is open.

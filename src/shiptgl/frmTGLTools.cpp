@@ -21,6 +21,7 @@ frmTGLTools::frmTGLTools(Application& app)
       FileList1(&fraShipTGL, app.machine.files, ListBox::Selection::Single, u"*.py"),
       File2(&fraGameTGL, app.machine.files, ListBox::Selection::Toggle, u"*.TGL"),
       app_(app) {
+  HelpPage = u"tgltools.html";
   LayOut();
   Connect();
 }

@@ -98,6 +98,16 @@ TEST(Pictures, DenseScreensGetTheDensePicturePixelByPixel) {
   }
 }
 
+TEST(Pictures, LightFallsOnWhatAPictureCoversAlone) {
+  QImage screen(41, 41, QImage::Format_ARGB32_Premultiplied);
+  screen.fill(Qt::transparent);
+  QPainter painter(&screen);
+  DrawPicture(painter, screen.rect(), ":/assistant/warning.png", Qt::white);
+  painter.end();
+  EXPECT_EQ(screen.pixelColor(10, 18), QColor(Qt::white));
+  EXPECT_EQ(screen.pixelColor(40, 0).alpha(), 0);
+}
+
 TEST(Pictures, TheIconIsThereInEverySize) {
   const QList<QSize> sizes = ProgramIcon().availableSizes();
   for (const int size : {16, 22, 24, 32, 48, 64, 128, 256, 512}) {

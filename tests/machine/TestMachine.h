@@ -29,8 +29,9 @@ class TestMachine : public FormHost, public Windows {
   /// The game's folder holds stbc.exe and is stored in the settings.
   TestMachine();
 
-  /// Brings up the top window and with it the main menu.
-  frmMain& Start() { return app.Screen<frmMain>(); }
+  /// Brings up the top window and with it the main menu. The first time the game gets Foundation's
+  /// FoundationConfig.py, unless `hasFoundation` is false.
+  frmMain& Start();
 
   /// Game paths, with no backslash at the end.
   Text GameFolder() const { return folder.Game(u"game"); }
@@ -64,16 +65,25 @@ class TestMachine : public FormHost, public Windows {
 
   std::vector<Box> boxes;       ///< What message boxes have shown.
   std::vector<Text> questions;  ///< What the dialog has asked.
-  std::deque<Text> answers;     ///< The user's answers to come; with none left he says "No".
+  std::deque<Text> answers;     ///< The user's answers to come; with none left he says "No". An
+                                ///< empty one closes a question by its close box.
+  std::function<void(Form&)> atDialog;  ///< What the user does in dialogs other than questions.
+  std::vector<Text> opened;             ///< The addresses and programs that were to be opened,
+  bool canOpen = false;                 ///< which succeeds.
   std::function<void(frmPac_InputBox&)> onDialog;  ///< What else he does before he answers.
   int waited = 0;      ///< Milliseconds that the last dialog took to wake.
   int textHeight = 0;  ///< As FormHost::TextHeight, of every label.
   TwipSize screen{19200, 15000};
   Text helpFile;
   bool quit = false;
+  bool hasFoundation = true;
 
   void ShowMessage(TextView text, TextView caption, BoxIcon icon) override;
-  bool OpenAddress(TextView) override { return false; }
+  bool OpenAddress(TextView address) override {
+    opened.emplace_back(address);
+    return canOpen;
+  }
+  bool RunProgram(TextView path) override { return OpenAddress(path); }
   void SetHelpFile(TextView path) override { helpFile = path; }
   TwipSize ScreenSize() override { return screen; }
 

@@ -10,6 +10,7 @@ namespace tarvo::art {
 namespace {
 
 constexpr int kSize = 41;
+constexpr double kMargin = 1.25;  ///< For the mark of the focus.
 constexpr QPointF kMiddle(20, 18.5);
 
 const QColor kInk(34, 16, 48);
@@ -104,6 +105,8 @@ void DrawStop(QPainter& painter) {
 QImage TitlePicture(Title title, int density) {
   return Drawn(kSize * density, kSize * density, [&](QPainter& painter) {
     painter.scale(density, density);
+    painter.translate(kMargin, kMargin);
+    painter.scale(1 - 2 * kMargin / kSize, 1 - 2 * kMargin / kSize);
     DrawBubble(painter, ColourOf(title));
     DrawSign(painter, title);
     DrawStop(painter);

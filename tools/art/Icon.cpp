@@ -192,7 +192,48 @@ void DrawCrate(QPainter& painter, const Layout& at) {
   painter.drawRoundedRect(QRectF(left, top, std::round(20 * u), line), line / 2, line / 2);
 }
 
+/// A sheet with a folded corner, on the tile's ground.
+void DrawSheet(QPainter& painter, int size) {
+  const double rim = size < 32 ? 1 : size * 0.022;
+  const double left = std::round(size * 0.13) + rim / 2;
+  const double right = size - left;
+  const double top = std::round(size * 0.03) + rim / 2;
+  const double bottom = size - top;
+  const double fold = std::round(size * 0.22);
+  const double radius = size * 0.07;
+  QPainterPath sheet(QPointF(left + radius, top));
+  sheet.lineTo(right - fold, top);
+  sheet.lineTo(right, top + fold);
+  sheet.lineTo(right, bottom - radius);
+  sheet.quadTo(right, bottom, right - radius, bottom);
+  sheet.lineTo(left + radius, bottom);
+  sheet.quadTo(left, bottom, left, bottom - radius);
+  sheet.lineTo(left, top + radius);
+  sheet.quadTo(left, top, left + radius, top);
+  const QColor violet = ToQt(palette::kViolet);
+  painter.setPen(QPen(Mix(ToQt(palette::kPanel), violet, 0.6), rim, Qt::SolidLine, Qt::RoundCap,
+                      Qt::RoundJoin));
+  painter.setBrush(QColor(16, 14, 26));
+  painter.drawPath(sheet);
+  painter.setBrush(Mix(ToQt(palette::kPanel), violet, 0.75));
+  painter.drawPolygon(
+      QPolygonF{{{right - fold, top}, {right - fold, top + fold}, {right, top + fold}}});
+  painter.setPen(Qt::NoPen);
+}
+
 }  // namespace
+
+QImage PackageIcon(int size) {
+  const int side = 2 * qRound(size * 0.32);
+  const Layout at = LayoutOf(side);
+  return Drawn(size, size, [&](QPainter& painter) {
+    painter.setPen(Qt::NoPen);
+    DrawSheet(painter, size);
+    painter.translate((size - side) / 2, qRound(size * 0.29));
+    DrawShip(painter, at);
+    DrawCrate(painter, at);
+  });
+}
 
 QImage ProgramIcon(int size) {
   const Layout at = LayoutOf(size);

@@ -8,4 +8,7 @@ namespace tarvo::art {
 /// fewer details, and their bars lie on whole pixels.
 QImage ProgramIcon(int size);
 
+/// The icon of a package's file: ship and crate on a sheet.
+QImage PackageIcon(int size);
+
 }  // namespace tarvo::art

@@ -1,4 +1,4 @@
-// Draws the program's own pictures: art FOLDER, the folder being src/desktop/resources.
+// Draws the pictures of the project in this folder: art FOLDER
 
 #include <QDir>
 #include <QImageWriter>
@@ -19,10 +19,10 @@ bool Write(const QImage& picture, const QString& file) {
   return false;
 }
 
-bool WriteIcons(const QString& folder) {
+bool WriteIcons(const QString& folder, QImage (*draw)(int), std::initializer_list<int> sizes) {
   bool all = true;
-  for (const int size : {16, 22, 24, 32, 48, 64, 128, 256, 512}) {
-    all &= Write(tarvo::art::ProgramIcon(size), QStringLiteral("%1/%2.png").arg(folder).arg(size));
+  for (const int size : sizes) {
+    all &= Write(draw(size), QStringLiteral("%1/%2.png").arg(folder).arg(size));
   }
   return all;
 }
@@ -57,6 +57,11 @@ int main(int count, char** arguments) {
     return 2;
   }
   const QString folder = QString::fromLocal8Bit(arguments[1]);
-  const bool icons = WriteIcons(folder + "/icon");
-  return WriteAssistant(folder + "/assistant") && icons ? 0 : 1;
+  const QString resources = folder + "/src/desktop/resources";
+  bool all = WriteIcons(resources + "/icon", tarvo::art::ProgramIcon,
+                        {16, 22, 24, 32, 48, 64, 128, 256, 512});
+  all &= WriteIcons(folder + "/packaging/icons/mimetypes", tarvo::art::PackageIcon,
+                    {16, 22, 24, 32, 48, 64, 128, 256});
+  all &= WriteAssistant(resources + "/assistant");
+  return all ? 0 : 1;
 }
