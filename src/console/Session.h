@@ -81,6 +81,7 @@ class Session : private FormHost,
   void ShowOptions() override {}
   void SettleGame() override {}  // The user has named the game, or it was found.
   void WorkScreenClosed() override {}
+  void RunMessageTimer(bool) override {}
   void Play(TextView, unsigned) override {}
   std::unique_ptr<VideoOpening> Open(TextView, int, int,
                                      std::function<void(VideoPictures)>) override {

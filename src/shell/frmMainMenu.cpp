@@ -3,6 +3,7 @@
 #include <cmath>
 #include <string>
 
+#include "assistant/MessageQueue.h"
 #include "controls/Palette.h"
 #include "gametools/frmGameTools.h"
 #include "packages/frmPackager.h"
@@ -15,6 +16,7 @@
 #include "shell/frmOptions.h"
 #include "shiptgl/frmTGLTools.h"
 #include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
 #include "state/StartUp.h"
 #include "text/Utf8.h"
 
@@ -180,10 +182,15 @@ void frmMainMenu::ChangeDigits() {
 }
 
 void frmMainMenu::Exit() {
+  AppState& state = app_.State;
   PlayEffect(app_, u"ShutDown.wav", kPlayToEnd);
   MediaPlayer1.Stop();
+  if (state.PacHelper) {
+    app_.dialogue.PacMsg(kGoodBye, Title::Information);
+    if (state.PacQueue[0].empty()) state.PacExiting = true;
+  }
   app_.MainForm->Visible = false;
-  app_.screens.Host().Quit();
+  if (!state.PacHelper) app_.screens.Host().Quit();
 }
 
 }  // namespace tarvo

@@ -47,6 +47,8 @@ class frmMainMenu : public Form {
   void LayOutDecoration();
   void Connect();
   void ChangeDigits();
+
+  /// With the assistant on the process ends when the figure has said good-bye and left.
   void Exit();
   void LoadVideo();
   void StoreVideoFX(TextView flag);
