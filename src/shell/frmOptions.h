@@ -8,6 +8,7 @@
 #include "controls/Frame.h"
 #include "controls/Image.h"
 #include "controls/Label.h"
+#include "controls/MediaPlayer.h"
 #include "controls/Timer.h"
 #include "state/Application.h"
 
@@ -24,6 +25,7 @@ class frmOptions : public Form {
 
   Frame fraPicture{this};
   Image imgPicture{&fraPicture};
+  MediaPlayer MediaPlayer1;
   Label Label1{this};
   DirListBox lstDir;
   DriveListBox lstDrive;

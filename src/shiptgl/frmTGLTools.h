@@ -8,6 +8,7 @@
 #include "controls/Form.h"
 #include "controls/Frame.h"
 #include "controls/Label.h"
+#include "controls/MediaPlayer.h"
 #include "controls/Placing.h"
 #include "controls/ProgressBar.h"
 #include "controls/TextBox.h"
@@ -55,6 +56,7 @@ class frmTGLTools : public Form {
   Label lblMerge{&fraGameTGL};
   FileListBox File2;  ///< The definitions again, of which several can be selected.
   Button lblUpdateGame{&fraGameTGL}, lblUpdateAllGameTGL{&fraGameTGL}, lblExit1{&fraGameTGL};
+  MediaPlayer MediaPlayer1;  ///< Seen on the fourth tab.
 
   Frame fraProgress{this};
   Label Label15{&fraProgress};
@@ -108,6 +110,7 @@ class frmTGLTools : public Form {
   void LayOutFields();
   void LayOutCommands();
   void LayOutGame();
+  void LoadVideo();
   void Connect();
   void Open(const Tab& tab);
   void OpenDefinitions(const Tab& tab, Button& command);
