@@ -40,9 +40,9 @@ void PlaceOver(Form& dialog, const Form* owner) {
 
 void TabStrip::Place(const std::array<TextView, 4>& captions) const {
   Line.BackColour = palette::kOrange;
-  Line.Move(0, 525, kScreenWidth, 45);
+  Line.Move(0, 510, kScreenWidth, 120);
   Mark.BackColour = palette::kOrange;
-  Mark.Move(kTabLeft, 285, kTabWidth, 270);
+  Mark.Move(kTabLeft, 120, kTabWidth, 450);
   int left = kTabLeft;
   for (std::size_t i = 0; i < Tabs.size(); ++i) {
     tarvo::Place(*Tabs[i], captions[i], palette::kViolet, left, 120, kTabWidth);
@@ -56,7 +56,7 @@ void TabStrip::Choose(const Button& chosen) const {
   for (Button* tab : Tabs) {
     const bool isChosen = tab == &chosen;
     if (!isChosen) tab->ForeColour = kBlack;
-    tab->BackColour = isChosen ? palette::kOrange : palette::kViolet;
+    tab->Flat = isChosen;
     tab->AccessibleName = isChosen ? tab->Caption.Get() + u", chosen tab" : Text();
   }
 }

@@ -5,6 +5,7 @@
 #include "controls/Button.h"
 #include "controls/Form.h"
 #include "controls/Frame.h"
+#include "controls/Image.h"
 #include "controls/Label.h"
 #include "controls/ProgressBar.h"
 #include "controls/Timer.h"
@@ -30,8 +31,8 @@ void PlaceOver(Form& dialog, const Form* owner);
 
 /// The tabs in the first 600 twips of a screen.
 struct TabStrip {
-  Frame& Line;  ///< Runs under all tabs.
-  Frame& Mark;  ///< Joins the chosen one with the line.
+  Image& Line;  ///< Runs under all tabs.
+  Image& Mark;  ///< Stands behind the chosen one and joins it with the line.
   std::array<Button*, 4> Tabs;
 
   void Place(const std::array<TextView, 4>& captions) const;

@@ -17,13 +17,16 @@
 
 namespace tarvo {
 
-frmMainMenu::frmMainMenu(Application& app) : Form(Style::Child, app.MainForm), app_(app) {
+frmMainMenu::frmMainMenu(Application& app)
+    : Form(Style::Child, app.MainForm), Skin(app, u"frmMainMenu"), app_(app) {
   LayOut();
+  NameControls();
   Connect();
 }
 
 void frmMainMenu::Load() {
   Move(0, 0, 1, 7185);
+  Skin.Load();
 }
 
 void frmMainMenu::LayOut() {
@@ -71,6 +74,8 @@ void frmMainMenu::LayOutDecoration() {
     fraBars[i].BackColour = kBars[i].colour;
     fraBars[i].Move(kBars[i].left, kBars[i].top, kBars[i].width, kBars[i].height);
   }
+  imgLCARS.Move(0, 1320, 9585, 5790);
+  imgMenuBorders.Move(0, 0, 9600, 1440);
   int top = 2040;
   for (Label& digits : lblDigits) {
     digits.Font = {FontRole::Digits, 12};
@@ -79,6 +84,15 @@ void frmMainMenu::LayOutDecoration() {
     digits.Move(8190, top, 1095, 300);
     top += 645;
   }
+}
+
+void frmMainMenu::NameControls() {
+  Skin.Name(
+      u"imgButton",
+      {{&lblGameTools}, {&lblTGLTools}, {&lblPackager}, {&lblOptions}, {&lblHelp}, {&lblExit}});
+  Skin.Name(u"imgLCARS", imgLCARS);
+  Skin.Name(u"imgMenuBorders", imgMenuBorders);
+  Skin.NameSurface(u"imgMenuBorders", imgMenuBorders);
 }
 
 void frmMainMenu::Connect() {

@@ -34,9 +34,11 @@ frmOptions::frmOptions(Application& app)
     : Form(Style::Child, app.MainForm),
       lstDir(this, app.machine.files),
       lstDrive(this, app.machine.files),
+      Skin(app, u"frmOptions"),
       app_(app) {
   HelpPage = u"options.html";
   LayOut();
+  NameControls();
   // What stands there as long as no game is known.
   Guarded([this] { lstDir.SetPath(RootOf(lstDrive.Drive())); });
   Connect();
@@ -62,7 +64,18 @@ void frmOptions::LayOut() {
   Place(lblExit, u"Exit", palette::kViolet, 5100, 4635, 1650);
 }
 
+void frmOptions::NameControls() {
+  Skin.Name(u"imgBorder", imgBorder);
+  Skin.Name(u"imgLongLabel", imgLongLabel);
+  Skin.Name(u"imgBoxL", imgBoxL);
+  Skin.Name(u"imgBoxR", imgBoxR);
+  Skin.Name(u"imgCommandBorder", imgCommandBorder);
+  Skin.Name(u"imgCommand", {{&lblSave}, {&lblExit}});
+  Skin.NameSurface(u"imgCommandBorder", imgCommandBorder);
+}
+
 void frmOptions::Load() {
+  Skin.Load();
   const auto show = [this](CheckBox& box, TextView key, TextView fallback) {
     box.Checked = StoredFlag(app_.machine.settings.Read(kSettingsApplication, kSettingsSection, key,
                                                         fallback))

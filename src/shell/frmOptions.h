@@ -9,6 +9,7 @@
 #include "controls/Image.h"
 #include "controls/Label.h"
 #include "controls/Timer.h"
+#include "skin/ScreenSkin.h"
 #include "state/Application.h"
 
 namespace tarvo {
@@ -22,6 +23,9 @@ class frmOptions : public Form {
   void Load() override;
   void Unload() override;
 
+  // Behind the controls.
+  Image imgBorder{this}, imgLongLabel{this}, imgBoxL{this}, imgBoxR{this}, imgCommandBorder{this};
+
   Frame fraPicture{this};
   Image imgPicture{&fraPicture};
   Label Label1{this};
@@ -32,6 +36,7 @@ class frmOptions : public Form {
   CheckBox chkPacHelper{this}, chkSoundFX{this}, chkVideoFX{this};
   Button lblSave{this}, lblExit{this};
   Timer Load_Timer{this, 15};
+  ScreenSkin Skin;
 
   /// Stores what the screen shows, and closes it. A folder without the game changes nothing. A
   /// setting that can't be stored ends it, and what was stored before that stands; both are told.
@@ -39,6 +44,7 @@ class frmOptions : public Form {
 
  private:
   void LayOut();
+  void NameControls();
   void Connect();
   void ShowFolder();
   bool Store(const Text& folder);
