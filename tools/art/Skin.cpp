@@ -22,20 +22,19 @@ const QColor kDeepBlue(44, 44, 150);  ///< Under white captions.
 const QColor kDeepViolet(96, 38, 112);
 const QColor kQuietBlue(28, 28, 58);  ///< Under captions in peach.
 const QColor kQuietViolet(40, 26, 46);
-const QColor kQuiet(16, 14, 26);
 
 /// Captions on the rows of the tree are black at rest and white under the pointer: these grounds
 /// lie between the two.
-const QColor kRowViolet(164, 112, 166);
-const QColor kRowOrange(206, 120, 42);
-const QColor kRowBlue(112, 112, 198);
+const QColor kRowViolet(172, 104, 190);
+const QColor kRowOrange(222, 112, 10);
+const QColor kRowBlue(106, 110, 220);
 
 const std::vector<SkinPicture>& Table() {
   static const std::vector<SkinPicture> table{
       {"ButtonMenu", 96, 24, Pill(kOrange)},
       {"ButtonMenu_Over", 96, 24, OpenPill(kOrange, kNight, 7)},
       {"ButtonBlue", 110, 23, Pill(kBlue)},
-      {"ButtonBlue_Over", 110, 23, OpenPill(kBlue, kDeepBlue, 5)},
+      {"ButtonBlue_Over", 110, 23, OpenPill(kBlue, kDeepBlue, 4)},
       {"ButtonTab", 95, 23, Tab(kViolet)},
       {"ButtonTab_Over", 95, 23, OpenTab(kViolet, kDeepViolet)},
       {"ButtonSelected", 95, 30, Tab(kOrange)},
@@ -44,7 +43,7 @@ const std::vector<SkinPicture>& Table() {
       {"LongLabel", 200, 18, Heading(kOrange, kQuietBlue)},
       {"BorderLeft", 12, 200, Bracket(Side::Left, kViolet)},
       {"BorderRight", 12, 200, Bracket(Side::Right, kViolet)},
-      {"Commands", 460, 34, CommandRow(kViolet, kQuiet)},
+      {"Commands", 460, 34, CommandRow(kViolet)},
       {"ArrowL", 24, 24, Arrow(Left, kPeach, kInk)},
       {"ArrowL_Over", 24, 24, OpenArrow(Left, kPeach, kQuietViolet)},
       {"ArrowR", 24, 24, Arrow(Right, kPeach, kInk)},

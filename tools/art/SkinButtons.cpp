@@ -13,9 +13,16 @@ constexpr double kRim = 2;
 /// A hint of light from above.
 QLinearGradient Lit(const QColor& colour, const QRectF& area) {
   QLinearGradient light(area.topLeft(), area.bottomLeft());
-  light.setColorAt(0, Mix(colour, Qt::white, 0.14));
+  light.setColorAt(0, Mix(colour, Qt::white, 0.1));
   light.setColorAt(0.5, colour);
-  light.setColorAt(1, Mix(colour, Qt::black, 0.08));
+  light.setColorAt(1, Mix(colour, Qt::black, 0.06));
+  return light;
+}
+
+/// The same for what joins a line at its foot.
+QLinearGradient LitFromTop(const QColor& colour, const QRectF& area) {
+  QLinearGradient light = Lit(colour, area);
+  light.setColorAt(1, colour);
   return light;
 }
 
@@ -118,7 +125,7 @@ Drawing OpenPill(const QColor& colour, const QColor& ground, double end) {
 
 Drawing Tab(const QColor& colour) {
   return [=](QPainter& painter, const QRectF& area) {
-    FillRounded(painter, area, Tops(kTabRadius), Lit(colour, area));
+    FillRounded(painter, area, Tops(kTabRadius), LitFromTop(colour, area));
   };
 }
 

@@ -113,10 +113,17 @@ Drawing Heading(const QColor& accent, const QColor& ground) {
   };
 }
 
-Drawing CommandRow(const QColor& accent, const QColor& ground) {
+/// Black within, like the ground of the buttons that stand on it.
+Drawing CommandRow(const QColor& colour) {
   return [=](QPainter& painter, const QRectF& area) {
-    FillRounded(painter, area, {8, 8, 8, 8}, Mix(accent, Qt::black, 0.6));
-    FillRounded(painter, area.adjusted(5, 1, -5, -1), {3, 3, 3, 3}, ground);
+    FillRounded(painter, area, {8, 8, 8, 8}, Mix(colour, Qt::black, 0.7));
+    for (const double left : {area.left(), area.right() - 12}) {
+      painter.save();
+      painter.setClipRect(QRectF(left, area.top(), 12, area.height()));
+      FillRounded(painter, area, {8, 8, 8, 8}, Mix(colour, Qt::black, 0.25));
+      painter.restore();
+    }
+    FillRounded(painter, area.adjusted(3, 2, -3, -2), {6, 6, 6, 6}, Qt::black);
   };
 }
 

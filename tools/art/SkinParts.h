@@ -28,7 +28,7 @@ Drawing LitRow(const QColor& colour, const QColor& rim);
 
 /// Grounds and frames.
 Drawing Heading(const QColor& accent, const QColor& ground);
-Drawing CommandRow(const QColor& accent, const QColor& ground);
+Drawing CommandRow(const QColor& colour);
 Drawing TabLine(const QColor& colour, const QColor& end);
 enum class Side { Left, Right };
 Drawing Bracket(Side side, const QColor& colour);
