@@ -24,6 +24,9 @@ class Button : public Control {
   Property<Text> FocusPicture{*this, {}};
   Property<Colour> FocusColour{*this, kTransparent};
 
+  /// Radius in twips of the corners of the mark that shows the keyboard; 0 for round ends.
+  Property<int> Rounding{*this, 0};
+
   /// The caption stands alone, on what lies behind the button.
   Property<bool> Flat{*this, false};
 

@@ -26,6 +26,20 @@ void Place(Control& field, TextView name, int left, int top, int width, int heig
 
 void Place(Label& label, TextView caption, int left, int top, int width);
 
+/// A label that heads what stands below it, with a ground of that width behind it.
+void PlaceHeading(Label& label, Image& ground, TextView caption, int left, int top, int width);
+
+/// The ground behind a row of commands, of which the upper edge stands at `commandTop`.
+void PlaceCommandGround(Image& ground, int left, int commandTop, int width);
+
+/// The two sides of a frame around what stands on a screen, from `top` to `bottom`.
+struct Brackets {
+  Image& Left;
+  Image& Right;
+
+  void Place(int left, int right, int top, int bottom) const;
+};
+
 /// Puts a dialog over the middle of its owner, where it has one.
 void PlaceOver(Form& dialog, const Form* owner);
 

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include "desktop/LastInput.h"
 #include "desktop/Pictures.h"
 #include "desktop/Skin.h"
 #include "desktop/SkinStyle.h"
@@ -15,6 +16,8 @@ namespace {
 /// How much is left of a button that is switched off: of its bar, and of its caption.
 constexpr qreal kOffGround = 0.25;
 constexpr qreal kOffCaption = 0.6;
+
+constexpr qreal kBright = 4;  ///< The contrast to black of what can be read when it is dimmed.
 
 /// The longest time between the two halves of a key's repetition.
 constexpr int kRepetitionMs = 40;
@@ -49,8 +52,6 @@ PillButton::PillButton(QWidget* parent) : QAbstractButton(parent) {
   setAttribute(Qt::WA_Hover);
 }
 
-bool PillButton::byKeys_ = false;
-
 void PillButton::SetLooks(const Look& atRest, const Look& focused) {
   atRest_ = atRest;
   focused_ = focused;
@@ -63,7 +64,7 @@ void PillButton::SetGround(const QColor& ground, PictureFit fit, bool flat) {
 }
 
 const PillButton::Look& PillButton::Shown() const {
-  return hasFocus() && byKeys_ && focused_.caption.alpha() != 0 ? focused_ : atRest_;
+  return hasFocus() && LastInput::WasKey() && focused_.caption.alpha() != 0 ? focused_ : atRest_;
 }
 
 QRect PillButton::CaptionArea() const {
@@ -114,7 +115,8 @@ QColor PillButton::CaptionColour(const QPainter& painter, Ground ground,
   const Look& look = Shown();
   if (ground == Ground::None) return Lit(look.caption, light);
   if (isEnabled()) return look.caption;
-  return ground == Ground::Bar ? ground_ : PictureGround(painter, look.picture);
+  const QColor middle = PictureGround(painter, look.picture);
+  return middle.isValid() && Contrast(middle, Qt::black) > kBright ? middle : ground_;
 }
 
 /// What the button's state lays over its colours.
@@ -130,26 +132,16 @@ void PillButton::DrawRing(QPainter& painter, Ground ground) const {
   const bool around = ground == Ground::Picture && !HasCaption();
   const qreal inset = around ? 0.75 : 2.5;
   const QRectF ring = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
-  const qreal radius = around ? 5 : std::min(ring.width(), ring.height()) / 2;
+  const qreal roundEnds = std::min(ring.width(), ring.height()) / 2;
+  const qreal radius = around ? 5 : rounding_ > 0 ? rounding_ : roundEnds;
   painter.setBrush(Qt::NoBrush);
   const bool onBlack = around && focused_.caption.alpha() != 0;
   painter.setPen(QPen(onBlack ? focused_.caption : Shown().caption, 1.5));
   painter.drawRoundedRect(ring, radius, radius);
 }
 
-void PillButton::focusInEvent(QFocusEvent* event) {
-  const Qt::FocusReason reason = event->reason();
-  if (reason == Qt::MouseFocusReason) byKeys_ = false;
-  if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
-      reason == Qt::ShortcutFocusReason) {
-    byKeys_ = true;
-  }
-  QAbstractButton::focusInEvent(event);
-}
-
 void PillButton::mousePressEvent(QMouseEvent* event) {
-  byKeys_ = false;
-  update();
+  update();  // The keyboard's look goes.
   QAbstractButton::mousePressEvent(event);
 }
 
@@ -171,8 +163,7 @@ void PillButton::DrawCaption(QPainter& painter) const {
 }
 
 void PillButton::keyPressEvent(QKeyEvent* event) {
-  byKeys_ = true;
-  update();
+  update();  // With the keyboard's look.
   if (IsHeldBy(*event)) {
     letGo_.stop();
     if (!isDown()) {
@@ -234,6 +225,7 @@ void ButtonView::Apply() {
   face_.SetLooks({ToQt(model_.ForeColour), ToQt(model_.Picture)},
                  {ToQt(model_.FocusColour), ToQt(model_.FocusPicture)});
   face_.SetGround(ToQt(model_.BackColour), model_.Fit, model_.Flat);
+  face_.SetRounding(ToPixels(model_.Rounding));
   face_.SetGlyph(model_.Glyph);
   face_.SetLitByModel(model_.OnMouseMove != nullptr);
   ApplyCommon();

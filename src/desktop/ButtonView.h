@@ -24,6 +24,9 @@ class PillButton : public QAbstractButton {
   /// The colour of the bar, which shows where there is no picture; transparent for no bar.
   void SetGround(const QColor& ground, PictureFit fit, bool flat);
 
+  /// Radius of the corners of the mark of the focus; 0 for round ends.
+  void SetRounding(int rounding) { rounding_ = rounding; }
+
   /// An arrow stands in place of the caption, and Enter holds the button down as Space does.
   void SetGlyph(Button::Arrow glyph) { glyph_ = glyph; }
 
@@ -32,7 +35,6 @@ class PillButton : public QAbstractButton {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void focusInEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
@@ -53,14 +55,12 @@ class PillButton : public QAbstractButton {
   QColor Light() const;
   bool IsHeldBy(const QKeyEvent& event) const;
 
-  /// The user's last doing on any button came from the keyboard.
-  static bool byKeys_;
-
   Look atRest_;
   Look focused_;
   QColor ground_;
   PictureFit fit_ = PictureFit::Stretched;
   bool flat_ = false;
+  int rounding_ = 0;
   Button::Arrow glyph_ = Button::Arrow::None;
   bool litByModel_ = false;
   QBasicTimer letGo_;

@@ -9,6 +9,7 @@
 #include <cmath>
 
 #include "controls/Palette.h"
+#include "desktop/LastInput.h"
 #include "desktop/SkinStyle.h"
 
 namespace tarvo {
@@ -137,6 +138,7 @@ double Dimming(const QColor& caption, const QColor& ground) {
 }
 
 void ApplySkin(QApplication& application) {
+  LastInput::Watch(application);
   application.setStyle(new SkinStyle);
   const QPalette dark = DarkPalette();
   application.setPalette(dark);

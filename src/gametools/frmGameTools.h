@@ -286,6 +286,7 @@ class frmGameTools : public Form {
   void LayOutMenus();
   void LayOutChecker();
   void LayOutProgress();
+  Label& AddHeading(Control& parent, Image& ground, TextView caption, int left, int top, int width);
   Label& AddLabel(Control& parent, TextView caption, int left, int top, int width);
   void NameControls();
   void NameButtons();

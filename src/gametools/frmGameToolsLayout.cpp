@@ -8,12 +8,13 @@ namespace {
 /// The tab areas: 6900 wide, 4465 high, with a margin of 150 around.
 constexpr int kAreaTop = 600;
 constexpr int kBottomRow = 3975;  ///< Where the commands that end the work stand.
+constexpr int kArrowSize = 360;
 
-void PlaceArrow(Button& button, Button::Arrow glyph, TextView name, int left, int width) {
+void PlaceArrow(Button& button, Button::Arrow glyph, TextView name, int left) {
   button.Glyph = glyph;
   button.AccessibleName = Text(name);
   button.BackColour = palette::kPeach;
-  button.Move(left, 0, width, kFieldHeight);
+  button.Move(left, 0, kArrowSize, kArrowSize);
 }
 
 void PlaceBar(Frame& bar, Colour colour, int left, int top, int width, int height) {
@@ -30,6 +31,13 @@ void PlaceBar(ProgressBar& bar, TextView name, Colour colour, int top) {
 
 }  // namespace
 
+Label& frmGameTools::AddHeading(Control& parent, Image& ground, TextView caption, int left, int top,
+                                int width) {
+  Label& label = labels.emplace_back(&parent);
+  PlaceHeading(label, ground, caption, left, top, width);
+  return label;
+}
+
 Label& frmGameTools::AddLabel(Control& parent, TextView caption, int left, int top, int width) {
   Label& label = labels.emplace_back(&parent);
   Place(label, caption, left, top, width);
@@ -45,6 +53,10 @@ void frmGameTools::LayOut() {
     list->Visible = false;
   }
   Tabs().Place({u"Ship Plugin", u"Sound Plugin", u"Menus", u"Checker"});
+  for (std::size_t i = 0; i < imgBoxL.size(); ++i) {
+    Brackets{imgBoxL[i], imgBoxR[i]}.Place(0, 6900, 15, 3840);
+    PlaceCommandGround(imgCommandBorder[i], 0, kBottomRow, 6900);
+  }
   LayOutShipPlugin();
   LayOutSoundPlugin();
   LayOutVolume();
@@ -107,7 +119,7 @@ void frmGameTools::LayOutShipPlugin() {
   place(cboSpecies, u"Species");
   place(txtIconName, u"Icon Name");
   top += 90;
-  AddLabel(fraShipInfo, u"Mod Information", 150, top, 4140).Font = {FontRole::Normal, 9};
+  AddHeading(fraShipInfo, imgLongLabel[1], u"Mod Information", 150, top, 4140);
   top += 330;
   place(txtModName, u"Mod Name");
   place(txtAuthor, u"Author");
@@ -116,7 +128,7 @@ void frmGameTools::LayOutShipPlugin() {
   place(txtComments, u"Comments");
   txtVersion.SetText(u"1.0");
   txtSources.SetText(u"http://");
-  AddLabel(fraShipInfo, u"Ship Scripts", 4440, 90, 2310);
+  AddHeading(fraShipInfo, imgLabel[2], u"Ship Scripts", 4440, 90, 2310);
   Place(FileList2, u"Ship scripts", 4440, 405, 2310, 3330);
   Place(lblMakeShipPlugin, u"Make Plugin", palette::kOrange, 1200, kBottomRow, 3090);
   Place(lblExit, u"Exit", palette::kViolet, 4440, kBottomRow, 2310);
@@ -126,12 +138,12 @@ void frmGameTools::LayOutShipPlugin() {
 void frmGameTools::LayOutSoundPlugin() {
   AddLabel(fraSound, u"File Name", 150, 127, 900);
   Place(cboSoundName, u"File name of the sound plugin", 1050, 90, 5700);
-  AddLabel(fraSound, u"Weapons", 150, 555, 1650);
+  AddHeading(fraSound, imgLabel[0], u"Weapons", 150, 555, 1650);
   Place(lstWeapons, u"Weapons", 150, 855, 1650, 2370);
-  AddLabel(fraSound, u"Sound Files", 1890, 555, 1650);
+  AddHeading(fraSound, imgLabel[1], u"Sound Files", 1890, 555, 1650);
   Place(FileListWavs, u"Sound files", 1890, 855, 1650, 1965);
   Place(lblPlaySound, u"Test Sound", palette::kBlue, 1890, 2880, 1650);
-  AddLabel(fraSound, u"Sounds of the Plugin", 3630, 555, 3120);
+  AddHeading(fraSound, imgLongLabel[0], u"Sounds of the Plugin", 3630, 555, 3120);
   Place(lstSoundInfo, u"Sounds of the plugin", 3630, 855, 3120, 1965);
   Place(lblAddSound, u"Add Sound", palette::kBlue, 3630, 2880, 1515);
   Place(lblRemoveSound, u"Remove Item", palette::kBlue, 5235, 2880, 1515);
@@ -160,20 +172,20 @@ void frmGameTools::LayOutVolume() {
   AddLabel(fraSound, u"0%", empty, 4110, 600);
   AddLabel(fraSound, u"50%", empty + 5 * kStep - 300, 4110, 600).Alignment = Label::Align::Centre;
   AddLabel(fraSound, u"100%", kFull - 630, 4110, 600).Alignment = Label::Align::Right;
-  PlaceArrow(imgButtonL, Button::Arrow::Left, u"Lower the volume", 2250, 345);
-  PlaceArrow(imgButtonR, Button::Arrow::Right, u"Raise the volume", 2625, 345);
+  PlaceArrow(imgButtonL, Button::Arrow::Left, u"Lower the volume", 2220);
+  PlaceArrow(imgButtonR, Button::Arrow::Right, u"Raise the volume", 2640);
   for (Button* arrow : {&imgButtonL, &imgButtonR}) arrow->Top = 3315;
 }
 
 /// The enabled ships in their menus, the disabled ones in their list, and the commands that move
 /// ships between the two.
 void frmGameTools::LayOutMenus() {
-  AddLabel(fraMenus, u"Quick Battle Menus", 150, 90, 2310);
+  AddHeading(fraMenus, imgLabel[3], u"Quick Battle Menus", 150, 90, 2310);
   fraTree.Move(150, 330, 2310, 3405);
   fraQBMenu.AccessibleName = u"Quick Battle menus";
-  Frame1.Move(150, kBottomRow, 2250, kFieldHeight);
-  PlaceArrow(imgButtonU, Button::Arrow::Up, u"Scroll the menus up", 0, 1080);
-  PlaceArrow(imgButtonD, Button::Arrow::Down, u"Scroll the menus down", 1170, 1080);
+  Frame1.Move(825, kBottomRow, 960, kArrowSize);
+  PlaceArrow(imgButtonU, Button::Arrow::Up, u"Scroll the menus up", 0);
+  PlaceArrow(imgButtonD, Button::Arrow::Down, u"Scroll the menus down", 600);
   constexpr int kMiddle = 2670;
   constexpr int kWidth = 1620;
   Place(lblAddQB, u"Add QB Menu", palette::kBlue, kMiddle, 405, kWidth);
@@ -181,14 +193,14 @@ void frmGameTools::LayOutMenus() {
   Place(lblEnable, u"Enable Ship", palette::kOrange, kMiddle, 1710, kWidth);
   Place(lblDisable, u"Disable Ship", palette::kOrange, kMiddle, 2145, kWidth);
   Place(lblDelete, u"Delete Ship", palette::kOrange, kMiddle, 2580, kWidth);
-  AddLabel(fraMenus, u"Disabled Ships", 4440, 90, 2310);
+  AddHeading(fraMenus, imgLabel[4], u"Disabled Ships", 4440, 90, 2310);
   Place(lstDisabled, u"Disabled ships", 4440, 405, 2310, 3330);
   Place(lblExit3, u"Exit", palette::kViolet, 4440, kBottomRow, 2310);
 }
 
 void frmGameTools::LayOutChecker() {
-  AddLabel(fraIntegrity, u"Choose a Ship to Test for Missing Files!", 150, 90, 6600).Font = {
-      FontRole::Normal, 9};
+  AddHeading(fraIntegrity, imgLongLabel[2], u"Choose a Ship to Test for Missing Files!", 150, 90,
+             6600);
   Place(FileList3, u"Ship scripts", 150, 405, 2100, 3330);
   Place(txtFileDisplay, u"Files of the ship", 2370, 405, 4380, 2070);
   Place(txtErrorDisplay, u"Possible problems", 2370, 2565, 4380, 1170);
@@ -203,6 +215,7 @@ void frmGameTools::LayOutChecker() {
 void frmGameTools::LayOutProgress() {
   fraProgress.Visible = false;
   fraProgress.BackColour = kBlack;
+  imgBorder.Move(900, 870, 5100, 120);
   fraUpdateProgress.Move(900, 1050, 5100, 2190);
   fraUpdateProgress.BackColour = palette::kPanel;
   fraUpdateProgress.ForeColour = palette::kOrange;

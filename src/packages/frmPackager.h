@@ -36,7 +36,7 @@ class frmPackager : public Form {
 
   // Behind the controls.
   Image imgLongLabel{&fraTarvo}, imgLabel{&fraTarvo};
-  std::array<Image, 2> imgCommandBorder{Image{&fraTarvo}, Image{&fraTarvo}};
+  std::array<Image, 3> imgCommandBorder{Image{&fraTarvo}, Image{&fraTarvo}, Image{&fraTarvo}};
   Image imgBoxL{&fraTarvo}, imgBoxR{&fraTarvo};
 
   Label Label1{&fraTarvo};

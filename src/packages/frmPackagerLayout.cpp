@@ -13,8 +13,9 @@ void frmPackager::LayOut() {
 
 /// Three columns: the folders, the files of the folder at hand, the files of the package.
 void frmPackager::LayOutLists() {
-  Place(Label1, u"Select Files to add to Tarvo File!!!", 150, 90, 6600);
-  Label1.Font = {FontRole::Normal, 9};
+  PlaceHeading(Label1, imgLongLabel, u"Select Files to add to Tarvo File!!!", 150, 75, 6600);
+  Brackets{imgBoxL, imgBoxR}.Place(0, 6900, 15, 4440);
+  PlaceCommandGround(imgCommandBorder[0], 120, 420, 6660);
   Place(lblModels, u"Models", palette::kPeach, 150, 420, 1260);
   Place(lblScripts, u"Scripts", palette::kPeach, 1500, 420, 1260);
   Place(lblPlugins, u"Plugins", palette::kPeach, 2850, 420, 1260);
@@ -26,10 +27,12 @@ void frmPackager::LayOutLists() {
 }
 
 void frmPackager::LayOutCommands() {
+  PlaceCommandGround(imgCommandBorder[1], 2295, 3600, 4530);
+  PlaceCommandGround(imgCommandBorder[2], 0, 4575, 6900);
   Place(lblAdd, u"Add File", palette::kBlue, 2370, 3600, 945);
   Place(lblAddAll, u"Add All Files", palette::kBlue, 3360, 3600, 1170);
   Place(lblRemove, u"Remove Files", palette::kBlue, 4650, 3600, 2100);
-  Place(Label2, u"File Name", 2370, 4117, 870);
+  PlaceHeading(Label2, imgLabel, u"File Name", 2250, 4117, 930);
   Place(cboFileName, u"File name of the package", 3240, 4080, 3510, 345);
   lstTarvo.Visible = false;
   Place(lblSave, u"Make Tarvo", palette::kOrange, 150, 4575, 2100);

@@ -50,7 +50,10 @@ void frmOptions::LayOut() {
   fraPicture.BackColour = palette::kPanel;
   imgPicture.Picture = u":/icon/256.png";
   imgPicture.Move(593, 323, 1920, 1920);
-  Place(Label1, u"Current Selected Folder for Modifications", 3390, 420, 3360);
+  imgBorder.Move(0, 120, 6900, 120);
+  PlaceHeading(Label1, imgLongLabel, u"Current Selected Folder for Modifications", 3390, 390, 3360);
+  Brackets{imgBoxL, imgBoxR}.Place(3195, 6900, 330, 4110);
+  imgCommandBorder.Move(4950, 4140, 1950, 910);
   Place(lstDir, u"Folders", 3390, 720, 3360, 1980);
   Place(lstDrive, u"Drive", 3390, 2760, 3360);
   Place(lblHolds, {}, 3390, 3165, 3360);

@@ -30,7 +30,7 @@ class frmTGLTools : public Form {
   void Load() override;
   void Unload() override;
 
-  Image imgTabBorder{this};
+  Image imgTabBorder{this};       ///< Runs below the tabs.
   Image imgButtonSelected{this};  ///< Marks the open tab.
   Button lblNewTGL{this}, lblEditTGL{this}, lblDeleteTGL{this}, lblGameTGL{this};
 
