@@ -48,7 +48,7 @@ void ConsoleDialogue::PacMsg(TextView text, Title title) {
 }
 
 void ConsoleDialogue::ShowMessage(TextView text, TextView, BoxIcon icon) {
-  if (icon == BoxIcon::Information) {
+  if (icon == BoxIcon::Information || icon == BoxIcon::Plain) {
     Tell(u"Information", text, false);
   } else {
     Tell(icon == BoxIcon::Critical ? u"Critical" : u"Warning", text, true);

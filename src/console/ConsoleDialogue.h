@@ -29,6 +29,7 @@ class ConsoleDialogue : public Dialogue, public Windows {
 
   void ShowMessage(TextView text, TextView caption, BoxIcon icon) override;
   bool OpenAddress(TextView) override { return false; }
+  bool RunProgram(TextView) override { return false; }
   void SetHelpFile(TextView) override {}
   TwipSize ScreenSize() override { return {0, 0}; }
 

@@ -41,13 +41,17 @@ std::optional<std::string> ReadTerminalLine() {
 int Run(CommandLine& line) {
   const HostMachine machine = OpenHostMachine();
   line.options.Game = line.game.empty() ? Text() : GamePathFromArgument(line.game);
-  line.options.ProgramFolder =
-      line.program.empty() ? ProgramFolder() : GamePathFromArgument(line.program);
+  const FoundProgramFolder program =
+      line.program.empty() ? OpenProgramFolder(*machine.files)
+                           : FoundProgramFolder{GamePathFromArgument(line.program), {}};
+  line.options.ProgramFolder = program.Path;
   line.options.Answer = line.all ? u"All" : line.yes ? u"Yes" : line.no ? u"No" : u"";
   line.options.Terminal = isatty(STDERR_FILENO);
   Session session(
       {*machine.files, *machine.settings, *machine.registry, *machine.locale, *machine.clock},
       line.options, std::cout, std::cerr, ReadTerminalLine);
+  const Text failure = FailureWords(program);
+  if (!failure.empty()) session.Complain(u"Warning: " + failure);
   return line.run(session);
 }
 

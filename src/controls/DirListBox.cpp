@@ -36,8 +36,29 @@ void DirListBox::SetPath(TextView path) {
   const bool moved = folder != path_;
   path_ = folder;
   rows_ = RowsOf(path_, subfolders);
+  listIndex_ = static_cast<int>(rows_.size() - subfolders.size()) - 1;
   Changed();
   if (moved) Raise(OnChange);
+}
+
+Text DirListBox::ListedFolder() const {
+  return listIndex_ < 0 ? Text() : rows_[static_cast<std::size_t>(listIndex_)].Path;
+}
+
+void DirListBox::Click(std::size_t row) {
+  rows_.at(row);
+  if (!Usable()) return;
+  listIndex_ = static_cast<int>(row);
+  Changed();
+  Raise(OnClick);
+}
+
+void DirListBox::GoUp() {
+  if (listIndex_ < 1) return;
+  auto row = static_cast<std::size_t>(listIndex_ - 1);
+  if (rows_[row + 1].Open) return OpenRow(row);
+  while (!rows_[row].Open) --row;
+  Click(row);
 }
 
 void DirListBox::OpenRow(std::size_t row) {

@@ -34,15 +34,31 @@ class DirListBox : public Control {
 
   const std::vector<Row>& Rows() const { return rows_; }
 
+  /// The row that the user stands on, from 0; -1 as long as there are no rows. SetPath leads it to
+  /// the row of the folder itself.
+  int ListIndex() const { return listIndex_; }
+
+  /// The folder of that row, open or not; empty as long as there are no rows.
+  Text ListedFolder() const;
+
+  /// The user comes to a row. It isn't opened.
+  void Click(std::size_t row);
+
   /// The user opens a row. A folder that can't be opened leaves the list as it was.
   void OpenRow(std::size_t row);
 
+  /// The user goes up: from a subfolder to the row of the folder itself, else he opens the row
+  /// above.
+  void GoUp();
+
   std::function<void()> OnChange;
+  std::function<void()> OnClick;  ///< The user came to a row.
 
  private:
   Files& files_;
   Text path_;
   std::vector<Row> rows_;
+  int listIndex_ = -1;
 };
 
 }  // namespace tarvo

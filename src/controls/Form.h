@@ -30,6 +30,9 @@ class Form : public Control {
   Property<Button*> DefaultButton{*this, nullptr};
   Property<Button*> CancelButton{*this, nullptr};
 
+  /// The manual's page on the form, such as "options.html"; empty for none of its own.
+  Property<Text> HelpPage{*this, {}};
+
   Style Kind() const { return style_; }
   Form* Owner() const { return owner_; }
 

@@ -32,11 +32,17 @@ void Place(Label& label, TextView caption, int left, int top, int width) {
   label.Move(left, top, width, 270);
 }
 
+void PlaceOver(Form& dialog, const Form* owner) {
+  if (!owner) return;
+  dialog.Left = owner->Left + (owner->Width - dialog.Width) / 2;
+  dialog.Top = owner->Top + (owner->Height - dialog.Height) / 2;
+}
+
 void TabStrip::Place(const std::array<TextView, 4>& captions) const {
   Line.BackColour = palette::kOrange;
-  Line.Move(0, 525, kScreenWidth, 45);
+  Line.Move(0, 510, kScreenWidth, 120);
   Mark.BackColour = palette::kOrange;
-  Mark.Move(kTabLeft, 285, kTabWidth, 270);
+  Mark.Move(kTabLeft, 120, kTabWidth, 450);
   int left = kTabLeft;
   for (std::size_t i = 0; i < Tabs.size(); ++i) {
     tarvo::Place(*Tabs[i], captions[i], palette::kViolet, left, 120, kTabWidth);
@@ -50,7 +56,7 @@ void TabStrip::Choose(const Button& chosen) const {
   for (Button* tab : Tabs) {
     const bool isChosen = tab == &chosen;
     if (!isChosen) tab->ForeColour = kBlack;
-    tab->BackColour = isChosen ? palette::kOrange : palette::kViolet;
+    tab->Flat = isChosen;
     tab->AccessibleName = isChosen ? tab->Caption.Get() + u", chosen tab" : Text();
   }
 }

@@ -5,13 +5,15 @@
 #include "controls/Button.h"
 #include "controls/Form.h"
 #include "controls/Frame.h"
+#include "controls/Image.h"
 #include "controls/Label.h"
 #include "controls/ProgressBar.h"
 #include "controls/Timer.h"
 
 namespace tarvo {
 
-/// How the work screens, which stand on the main menu, place what they have in common. Lengths are
+/// How screens place what they have in common, above all the work screens, which stand on the main
+/// menu. Lengths are
 /// twips.
 
 inline constexpr int kFieldHeight = 345;
@@ -24,10 +26,13 @@ void Place(Control& field, TextView name, int left, int top, int width, int heig
 
 void Place(Label& label, TextView caption, int left, int top, int width);
 
+/// Puts a dialog over the middle of its owner, where it has one.
+void PlaceOver(Form& dialog, const Form* owner);
+
 /// The tabs in the first 600 twips of a screen.
 struct TabStrip {
-  Frame& Line;  ///< Runs under all tabs.
-  Frame& Mark;  ///< Joins the chosen one with the line.
+  Image& Line;  ///< Runs under all tabs.
+  Image& Mark;  ///< Stands behind the chosen one and joins it with the line.
   std::array<Button*, 4> Tabs;
 
   void Place(const std::array<TextView, 4>& captions) const;

@@ -1,7 +1,5 @@
 #include "desktop/DirListBoxView.h"
 
-#include <QScrollBar>
-
 #include "desktop/RowDelegate.h"
 #include "desktop/Skin.h"
 
@@ -11,14 +9,6 @@ void FolderRows::Reload() {
   beginResetModel();
   count_ = list_ ? static_cast<int>(list_->Rows().size()) : 0;
   endResetModel();
-}
-
-int FolderRows::RowOf(const Text& path) const {
-  const auto& rows = list_->Rows();
-  for (int row = 0; row < count_; ++row) {
-    if (rows[static_cast<std::size_t>(row)].Path == path) return row;
-  }
-  return -1;
 }
 
 int FolderRows::rowCount(const QModelIndex& parent) const {
@@ -36,6 +26,8 @@ QVariant FolderRows::data(const QModelIndex& index, int role) const {
       return row.Depth;
     case kOpenRole:
       return row.Open;
+    case kAtHandRole:
+      return row.Path == list_->Path();
     default:
       return {};
   }
@@ -44,9 +36,17 @@ QVariant FolderRows::data(const QModelIndex& index, int role) const {
 DirListBoxView::DirListBoxView(DirListBox& model, QWidget* parent)
     : ViewOf(model, new RowsWidget(parent)), rows_(model) {
   face_.setModel(&rows_);
-  face_.OnOpened = [this](int row) {
-    const auto at = static_cast<std::size_t>(row);
-    if (Live() && at < model_.Rows().size()) model_.OpenRow(at);
+  const auto onRow = [this](void (DirListBox::*act)(std::size_t)) {
+    return [this, act](int row) {
+      const auto at = static_cast<std::size_t>(row);
+      if (Live() && at < model_.Rows().size()) (model_.*act)(at);
+    };
+  };
+  face_.OnPressed = onRow(&DirListBox::Click);
+  face_.OnWalked = face_.OnPressed;
+  face_.OnOpened = onRow(&DirListBox::OpenRow);
+  face_.OnUp = [this] {
+    if (Live()) model_.GoUp();
   };
 }
 
@@ -58,28 +58,22 @@ void DirListBoxView::Detach() {
 void DirListBoxView::Apply() {
   ApplyFieldColours();
   ApplyCommon();
-  if (model_.Rows() != shownRows_) ApplyRows();
-  face_.viewport()->update();
-}
-
-void DirListBoxView::ApplyRows() {
-  const bool moved = model_.Path() != shownPath_;
-  const int scroll = face_.verticalScrollBar()->value();
-  const auto at = static_cast<std::size_t>(face_.currentIndex().row());
-  const Text stoodOn = !moved && at < shownRows_.size() ? shownRows_[at].Path : model_.Path();
-  shownRows_ = model_.Rows();
-  shownPath_ = model_.Path();
-  rows_.Reload();
-  face_.doItemsLayout();
-  face_.SetCurrentRow(rows_.RowOf(stoodOn));
-  const QModelIndex folder = rows_.index(rows_.RowOf(shownPath_));
-  face_.selectionModel()->select(folder, QItemSelectionModel::ClearAndSelect);
-  if (moved) {
-    // The folder with as many of its subfolders as there is room for, and its parents above it.
-    face_.scrollTo(folder, QAbstractItemView::PositionAtCenter);
-  } else {
-    face_.verticalScrollBar()->setValue(scroll);
+  const bool reread = model_.Rows() != shownRows_;
+  if (reread) {
+    shownRows_ = model_.Rows();
+    rows_.Reload();
+    face_.doItemsLayout();
   }
+  if (reread || model_.ListIndex() != shownIndex_) {
+    shownIndex_ = model_.ListIndex();
+    const QModelIndex row = rows_.index(shownIndex_);
+    face_.SetCurrentRow(shownIndex_);
+    face_.selectionModel()->select(row, QItemSelectionModel::ClearAndSelect);
+    // A folder with as many of its subfolders as there is room for, and its parents above it.
+    face_.scrollTo(row,
+                   reread ? QAbstractItemView::PositionAtCenter : QAbstractItemView::EnsureVisible);
+  }
+  face_.viewport()->update();
 }
 
 }  // namespace tarvo

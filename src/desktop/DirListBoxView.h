@@ -16,9 +16,6 @@ class FolderRows : public QAbstractListModel {
   void Reload();
   void LetGo() { list_ = nullptr; }
 
-  /// The row of a folder; -1 when it isn't among them.
-  int RowOf(const Text& path) const;
-
   int rowCount(const QModelIndex& parent) const override;
   QVariant data(const QModelIndex& index, int role) const override;
 
@@ -34,11 +31,9 @@ class DirListBoxView : public ViewOf<DirListBox, RowsWidget> {
   void Detach() override;
 
  private:
-  void ApplyRows();
-
   FolderRows rows_;
   std::vector<DirListBox::Row> shownRows_;
-  Text shownPath_;
+  int shownIndex_ = -1;
 };
 
 }  // namespace tarvo

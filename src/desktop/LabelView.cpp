@@ -32,13 +32,13 @@ std::vector<QString> LinesThatFit(const QString& text, const QFont& font, const 
       const bool last = static_cast<int>(lines.size()) + 1 == most;
       const bool more = at + 1 < paragraphs.size();
       QString piece = paragraphs[at].mid(start, last || !wrap ? -1 : line.textLength());
+      while (piece.endsWith(QLatin1Char(' '))) piece.chop(1);
       if (last && more) piece += QStringLiteral("…");
       lines.push_back(metrics.elidedText(piece, Qt::ElideRight, area.width()));
       if (last) return lines;
       start += line.textLength();
     } while (start < paragraphs[at].size());
     layout.endLayout();
-    if (paragraphs[at].isEmpty()) lines.emplace_back();
   }
   return lines;
 }

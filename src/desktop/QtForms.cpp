@@ -109,6 +109,14 @@ void QtForms::Quit() {
   QTimer::singleShot(0, &context_, [] { QApplication::exit(); });
 }
 
+Text QtForms::HelpPage() const {
+  for (auto at = records_.rbegin(); at != records_.rend(); ++at) {
+    const Form& form = (*at)->form;
+    if (form.Usable() && !form.HelpPage.Get().empty()) return form.HelpPage;
+  }
+  return {};
+}
+
 QtForms::Record* QtForms::Find(const Form& form) const {
   const auto found = std::find_if(records_.begin(), records_.end(),
                                   [&](const auto& record) { return &record->form == &form; });

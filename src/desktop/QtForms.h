@@ -34,6 +34,10 @@ class QtForms : public FormHost {
 
   void Quit() override;
 
+  /// The manual's page on what the user has before him: that of the topmost form which can be
+  /// worked with and has one; empty where none has.
+  Text HelpPage() const;
+
  private:
   /// The views of one form, and its widget.
   class Record;

@@ -2,11 +2,15 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QFileInfo>
 #include <QMessageBox>
+#include <QProcess>
 #include <QScreen>
 #include <QUrl>
 
 #include "desktop/Skin.h"
+#include "platform/HostMachine.h"
+#include "text/Paths.h"
 
 namespace tarvo {
 namespace {
@@ -22,9 +26,16 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
     case BoxIcon::Exclamation:
       return QMessageBox::Warning;
     case BoxIcon::Information:
+      return QMessageBox::Information;
+    case BoxIcon::Plain:
       break;
   }
-  return QMessageBox::Information;
+  return QMessageBox::NoIcon;
+}
+
+/// A file by its game path; its path on the host.
+QString OnHost(TextView path) {
+  return QString::fromUtf8(HostPath(path).c_str());
 }
 
 /// Lets a long path wrap behind each of its backslashes.
@@ -34,19 +45,49 @@ QString Breakable(QString text) {
 
 }  // namespace
 
+QtWindows::QtWindows() : open_([](const QUrl& url) { return QDesktopServices::openUrl(url); }) {}
+
 void QtWindows::ShowMessage(TextView text, TextView caption, BoxIcon icon) {
   QMessageBox box(QApplication::activeWindow());
   box.setIcon(IconOf(icon));
   box.setWindowTitle(ToQt(caption));
   box.setTextFormat(Qt::PlainText);
-  box.setText(Breakable(ToQt(text)));
+  const QString words = ToQt(text);
+  const QString shown = Breakable(words);
+  box.setText(shown);
+  // The marks between the parts of a path would be copied along.
+  if (shown == words) {
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  }
   box.setStandardButtons(QMessageBox::Ok);
   box.exec();
 }
 
 bool QtWindows::OpenAddress(TextView address) {
   const QUrl url(ToQt(address), QUrl::TolerantMode);
-  return url.isValid() && !url.scheme().isEmpty() && QDesktopServices::openUrl(url);
+  return url.isValid() && !url.scheme().isEmpty() && open_(url);
+}
+
+bool QtWindows::RunProgram(TextView path) {
+  const QString program = OnHost(path);
+  return QFileInfo(program).isFile() && QProcess::startDetached(program, {});
+}
+
+void QtWindows::ShowManual(TextView page) {
+  const std::size_t tail = helpFile_.rfind(u'\\');
+  const Text folder = helpFile_.substr(0, tail == Text::npos ? 0 : tail);
+  QString file;
+  if (!page.empty()) file = OnHost(JoinPath(folder, page));
+  const Text first = JoinPath(folder, u"index.html");
+  if (!QFileInfo(file).isFile()) file = OnHost(first);
+  if (!QFileInfo(file).isFile()) {
+    ShowMessage(u"The manual is missing. It should be in this file:\r\n\r\n" + first,
+                u"Tarvo Packager", BoxIcon::Exclamation);
+  } else if (!open_(QUrl::fromLocalFile(file))) {
+    ShowMessage(
+        u"There is no program to show the manual with. It is in this file:\r\n\r\n" + FromQt(file),
+        u"Tarvo Packager", BoxIcon::Exclamation);
+  }
 }
 
 TwipSize QtWindows::ScreenSize() {

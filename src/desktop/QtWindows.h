@@ -1,18 +1,34 @@
 #pragma once
 
+#include <functional>
+
 #include "platform/Windows.h"
+
+class QUrl;
 
 namespace tarvo {
 
 /// Message boxes, addresses and the screen by way of Qt.
 class QtWindows : public Windows {
  public:
+  /// Shows a web page or a file in the user's own program; gives false when there is none.
+  using Opener = std::function<bool(const QUrl&)>;
+
+  QtWindows();
+  explicit QtWindows(Opener opener) : open_(std::move(opener)) {}
+
   void ShowMessage(TextView text, TextView caption, BoxIcon icon) override;
   bool OpenAddress(TextView address) override;
+  bool RunProgram(TextView path) override;
   void SetHelpFile(TextView path) override { helpFile_ = Text(path); }
   TwipSize ScreenSize() override;
 
+  /// Opens a page of the manual, which lies beside the help file: "options.html", or its first page
+  /// for an empty name and for a page that isn't there. What hinders it is told in a message box.
+  void ShowManual(TextView page);
+
  private:
+  Opener open_;
   Text helpFile_;
 };
 

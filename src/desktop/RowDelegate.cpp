@@ -20,6 +20,12 @@ bool IsFolder(const QModelIndex& index) {
   return index.data(kDepthRole).isValid();
 }
 
+/// A list that scrolls before it is shown takes the pointer to be over it, wherever that is.
+bool IsUnderPointer(const QStyleOptionViewItem& option) {
+  const auto* list = qobject_cast<const QAbstractItemView*>(option.widget);
+  return (option.state & QStyle::State_MouseOver) && (!list || list->viewport()->underMouse());
+}
+
 QRect TextArea(const QStyleOptionViewItem& option, const QModelIndex& index) {
   int left = kSideRoom;
   if (IsFolder(index)) left += index.data(kDepthRole).toInt() * kIndentation + kFolderWidth;
@@ -56,15 +62,17 @@ void RowDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const QColor text = option.palette.color(QPalette::Text);
   const bool chosen = (option.state & QStyle::State_Selected) ||
                       index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
-  const bool hovered = option.state & QStyle::State_MouseOver;
+  const bool hovered = IsUnderPointer(option);
   const QColor ink = chosen ? option.palette.color(QPalette::HighlightedText) : text;
 
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   const QRectF bar = QRectF(option.rect).adjusted(1, 0.5, -1, -0.5);
-  if (chosen || hovered) {
+  const bool atHand = index.data(kAtHandRole).toBool();
+  if (chosen || hovered || atHand) {
     painter->setPen(Qt::NoPen);
-    painter->setBrush(chosen ? Mix(text, ground, hovered ? 0 : 0.12) : Mix(ground, text, 0.16));
+    painter->setBrush(chosen ? Mix(text, ground, hovered ? 0 : 0.12)
+                             : Mix(ground, text, hovered && atHand ? 0.32 : 0.16));
     painter->drawRoundedRect(bar, 3, 3);
   }
   if ((option.state & QStyle::State_HasFocus)) {

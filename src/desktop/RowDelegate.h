@@ -8,10 +8,12 @@ namespace tarvo {
 enum RowRole {
   kDepthRole = Qt::UserRole,  ///< Steps of indentation of a folder; rows without one are plain.
   kOpenRole,                  ///< The folder is open, that is, one of the way to the current one.
+  kAtHandRole,                ///< The folder whose subfolders the list shows.
 };
 
 /// Paints the rows of all lists: the chosen ones in the text's colour on its ground reversed, the
-/// row under the mouse lit a little, and a ring around the one that the keyboard stands on.
+/// row under the mouse lit a little, as is the folder at hand, and a ring around the one that the
+/// keyboard stands on.
 class RowDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;

@@ -47,7 +47,12 @@ void RowsWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void RowsWidget::keyPressEvent(QKeyEvent* event) {
   const int before = currentIndex().row();
-  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (OnUp && (event->key() == Qt::Key_Backspace || event->key() == Qt::Key_Left)) {
+    OnUp();
+    return;
+  }
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter ||
+                     (OnUp && event->key() == Qt::Key_Right);
   if (enter && OnOpened) {
     if (before >= 0) OnOpened(before);
     return;

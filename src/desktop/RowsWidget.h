@@ -13,6 +13,7 @@ class RowsWidget : public QListView {
   std::function<void(int)> OnPressed;  ///< A row was clicked, or the space key hit on it.
   std::function<void(int)> OnOpened;   ///< A row was double clicked, or Enter hit on it.
   std::function<void(int)> OnWalked;   ///< The keyboard came to another row.
+  std::function<void()> OnUp;          ///< Backspace or Left was hit; Right then opens a row, too.
 
   /// Moves the keyboard's row without scrolling to it; -1 for none.
   void SetCurrentRow(int row);

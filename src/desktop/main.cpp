@@ -1,6 +1,7 @@
 #include <QApplication>
 
 #include "assistant/PacDialogue.h"
+#include "desktop/HelpKey.h"
 #include "desktop/Pictures.h"
 #include "desktop/QtForms.h"
 #include "desktop/QtWindows.h"
@@ -16,15 +17,17 @@ namespace {
 /// destroyed first stands last.
 struct Program {
   HostMachine host = OpenHostMachine();
+  FoundProgramFolder folder = OpenProgramFolder(*host.files);
   SdlSound sound{*host.files};
   QtWindows windows;
   QtForms forms;
+  HelpKey helpKey{[this] { windows.ShowManual(forms.HelpPage()); }};
   PacDialogue dialogue{app};
   Application app{
       {*host.files, *host.settings, *host.registry, sound, *host.locale, *host.clock, windows},
       forms,
       dialogue,
-      ProgramFolder()};
+      folder.Path};
 };
 
 }  // namespace
@@ -38,6 +41,10 @@ int main(int argc, char** argv) {
   tarvo::ApplySkin(qt);
   tarvo::Program program;
   program.forms.SetScreens(program.app.screens);
+  const tarvo::Text failure = tarvo::FailureWords(program.folder);
+  if (!failure.empty()) {
+    program.windows.ShowMessage(failure, u"Tarvo Packager", tarvo::BoxIcon::Exclamation);
+  }
   program.app.Screen<tarvo::frmMain>().Visible = true;
   return QApplication::exec();
 }

@@ -53,6 +53,48 @@ void frmGameTools::LayOut() {
   LayOutProgress();
 }
 
+void frmGameTools::NameControls() {
+  NameButtons();
+  Skin.Name(u"imgTabBorder", imgTabBorder);
+  Skin.Name(u"imgButtonSelected", imgButtonSelected);
+  Skin.Name(u"imgLongLabel", imgLongLabel);
+  Skin.Name(u"imgLabel", imgLabel);
+  Skin.Name(u"imgBoxL", imgBoxL);
+  Skin.Name(u"imgBoxR", imgBoxR);
+  Skin.Name(u"imgCommandBorder", imgCommandBorder);
+  Skin.Name(u"imgBorder", imgBorder);
+  Skin.NameTree(fraQBMenu);
+  Skin.NameSurface(u"frmGameTools", *this);
+  Skin.NameSurface(u"imgTabBorder", imgTabBorder);
+  Skin.NameSurface(u"fraSound", fraSound);
+  Skin.NameSurface(u"fraShipInfo", fraShipInfo);
+  Skin.NameSurface(u"fraIntegrity", fraIntegrity);
+  Skin.NameSurface(u"fraMenus", fraMenus);
+  Skin.NameSurface(u"Frame1", Frame1);
+}
+
+void frmGameTools::NameButtons() {
+  Skin.Name(u"imgButton", {{&lblShipPlugin}, {&lblSoundPlugin}, {&lblMenus}, {&lblChecker}});
+  Skin.Name(u"imgCommand", {{&lblRemoveSound},
+                            {&lblMakeSoundPlugin},
+                            {&lblExit2},
+                            {&lblAddSound},
+                            {&lblPlaySound},
+                            {&lblMakeShipPlugin},
+                            {&lblExit},
+                            {&lblExit1},
+                            {&lblAddQB},
+                            {&lblDeleteQB},
+                            {&lblDelete},
+                            {&lblEnable},
+                            {&lblDisable},
+                            {&lblExit3}});
+  Skin.Name(u"imgButtonL", {{&imgButtonL}});
+  Skin.Name(u"imgButtonR", {{&imgButtonR}});
+  Skin.Name(u"imgButtonU", {{&imgButtonU}});
+  Skin.Name(u"imgButtonD", {{&imgButtonD}});
+}
+
 /// The fields, and beside them the scripts whose names they can take.
 void frmGameTools::LayOutShipPlugin() {
   int top = 90;

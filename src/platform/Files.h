@@ -103,6 +103,9 @@ class Files {
   /// end is ignored.
   virtual void MakeFolder(TextView path) = 0;
 
+  /// Deletes an empty folder. A link to a folder goes as a link, and what it leads to stays.
+  virtual void RemoveFolder(TextView path) = 0;
+
   /// Renames a file. Throws, and loses neither, when something stands at `to` already.
   virtual void Rename(TextView from, TextView to) = 0;
 
@@ -119,6 +122,13 @@ class Files {
 
   /// Bare names of the folders in a folder, sorted likewise.
   virtual std::vector<Text> FolderNames(TextView folder) = 0;
+
+  /// The path of a file or folder as the disk has it: each name in its own letter case, and no link
+  /// on the way. Two paths lead to the same place when their real paths are equal.
+  virtual Text RealPath(TextView path) = 0;
+
+  /// Returns when all that was written to the file system of a folder is on the disk.
+  virtual void Sync(TextView folder) = 0;
 
   /// The drives of the machine, each as "Z:".
   virtual std::vector<Text> Drives() = 0;

@@ -5,7 +5,13 @@
 namespace tarvo {
 
 /// The icons of a message box; the values are the style numbers of the Windows call MessageBox.
-enum class BoxIcon { Critical = 16, Question = 32, Exclamation = 48, Information = 64 };
+enum class BoxIcon {
+  Plain = 0,  ///< A box without an icon.
+  Critical = 16,
+  Question = 32,
+  Exclamation = 48,
+  Information = 64
+};
 
 struct TwipSize {
   int Width;
@@ -23,6 +29,9 @@ class Windows {
   /// Opens a web address or a mailto: address in the user's own program. Gives false when there
   /// is none.
   virtual bool OpenAddress(TextView address) = 0;
+
+  /// Starts a program, named by its game path. Gives false when this machine can't run it.
+  virtual bool RunProgram(TextView path) = 0;
 
   /// Names the program's help file, as a game path. The key F1 opens it, or the same pages in the
   /// form that the machine can show.

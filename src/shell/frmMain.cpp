@@ -41,7 +41,9 @@ void frmMain::ShowMainMenu() {
   app_.Screen<frmMainMenu>().Visible = true;
 }
 
-void frmMain::ShowOptions() {}
+void frmMain::ShowOptions() {
+  app_.Screen<frmMainMenu>().ShowOptions();
+}
 
 void frmMain::SettleGame() {
   StartUpSequence(app_);

@@ -8,19 +8,25 @@
 #include "packages/frmPackager.h"
 #include "platform/Clock.h"
 #include "platform/Sound.h"
+#include "shell/frmAbout.h"
+#include "shell/frmHelp.h"
+#include "shell/frmOptions.h"
 #include "shiptgl/frmTGLTools.h"
 #include "state/CommonUtilities.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
 
-frmMainMenu::frmMainMenu(Application& app) : Form(Style::Child, app.MainForm), app_(app) {
+frmMainMenu::frmMainMenu(Application& app)
+    : Form(Style::Child, app.MainForm), Skin(app, u"frmMainMenu"), app_(app) {
   LayOut();
+  NameControls();
   Connect();
 }
 
 void frmMainMenu::Load() {
   Move(0, 0, 1, 7185);
+  Skin.Load();
 }
 
 void frmMainMenu::LayOut() {
@@ -36,8 +42,16 @@ void frmMainMenu::LayOut() {
   place(lblOptions, u"Options", palette::kViolet, 3000, 840);
   place(lblHelp, u"Help", palette::kViolet, 4680, 360);
   place(lblExit, u"Exit", palette::kViolet, 4680, 840);
-  // Their screens don't exist yet.
-  for (Button* button : {&lblOptions, &lblHelp}) button->Enabled = false;
+  imgLogo.Picture = u":/icon/128.png";
+  imgLogo.AccessibleName = u"About Tarvo Packager";
+  imgLogo.ForeColour = palette::kPeach;
+  imgLogo.Move(8385, 330, 900, 900);
+  lblName.Caption = u"TARVO PACKAGER";
+  lblName.ForeColour = palette::kPeach;
+  lblName.Font = {FontRole::Normal, 12};
+  lblName.Alignment = Label::Align::Right;
+  lblName.WordWrap = true;
+  lblName.Move(6885, 450, 1350, 660);
   lblTitle.Caption = u"Main Menu";
   lblTitle.ForeColour = Colour{255, 192, 128};
   lblTitle.Font = {FontRole::Normal, 10};
@@ -60,6 +74,8 @@ void frmMainMenu::LayOutDecoration() {
     fraBars[i].BackColour = kBars[i].colour;
     fraBars[i].Move(kBars[i].left, kBars[i].top, kBars[i].width, kBars[i].height);
   }
+  imgLCARS.Move(0, 1320, 9585, 5790);
+  imgMenuBorders.Move(0, 0, 9600, 1440);
   int top = 2040;
   for (Label& digits : lblDigits) {
     digits.Font = {FontRole::Digits, 12};
@@ -70,10 +86,22 @@ void frmMainMenu::LayOutDecoration() {
   }
 }
 
+void frmMainMenu::NameControls() {
+  Skin.Name(
+      u"imgButton",
+      {{&lblGameTools}, {&lblTGLTools}, {&lblPackager}, {&lblOptions}, {&lblHelp}, {&lblExit}});
+  Skin.Name(u"imgLCARS", imgLCARS);
+  Skin.Name(u"imgMenuBorders", imgMenuBorders);
+  Skin.NameSurface(u"imgMenuBorders", imgMenuBorders);
+}
+
 void frmMainMenu::Connect() {
   lblGameTools.OnClick = [this] { Open<frmGameTools>(lblGameTools, u"Game Tools"); };
   lblTGLTools.OnClick = [this] { Open<frmTGLTools>(lblTGLTools, u"TGL Tools"); };
   lblPackager.OnClick = [this] { Open<frmPackager>(lblPackager, u"Packager"); };
+  lblOptions.OnClick = [this] { Open<frmOptions>(lblOptions, u"Options"); };
+  lblHelp.OnClick = [this] { app_.screens.RunModal(app_.Screen<frmHelp>()); };
+  imgLogo.OnClick = [this] { app_.screens.RunModal(app_.Screen<frmAbout>()); };
   lblExit.OnClick = [this] { Exit(); };
   Digits_Timer.OnTimer = [this] { ChangeDigits(); };
   MainMenu_Timer.OnTimer = [this] {
@@ -88,11 +116,27 @@ void frmMainMenu::Connect() {
 template <class Screen>
 void frmMainMenu::Open(Button& button, TextView title) {
   PlayEffect(app_, u"Execute.wav", kPlay);
+  Show<Screen>(button, title);
+}
+
+template <class Screen>
+void frmMainMenu::Show(Button& button, TextView title) {
   button.Enabled = false;
   lblTitle.Caption = Text(title);
   opener_ = &button;
-  app_.Screen<Screen>().Visible = true;
+  auto& screen = app_.Screen<Screen>();
+  if (opener_ != &button) {
+    // Its load has led to the options, which take its place.
+    app_.screens.Close(screen);
+    button.Enabled = true;
+    return ShowOptions();
+  }
+  screen.Visible = true;
   Enabled = false;
+}
+
+void frmMainMenu::ShowOptions() {
+  Show<frmOptions>(lblOptions, u"Options");
 }
 
 void frmMainMenu::TakeOver() {

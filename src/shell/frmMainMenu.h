@@ -5,8 +5,10 @@
 #include "controls/Button.h"
 #include "controls/Form.h"
 #include "controls/Frame.h"
+#include "controls/Image.h"
 #include "controls/Label.h"
 #include "controls/Timer.h"
+#include "skin/ScreenSkin.h"
 #include "state/Application.h"
 
 namespace tarvo {
@@ -19,27 +21,38 @@ class frmMainMenu : public Form {
 
   void Load() override;
 
+  /// Opens the options without the user's doing; the menu waits behind them.
+  void ShowOptions();
+
   /// A work screen has closed: its button and the menu are switched on again.
   void TakeOver();
 
+  /// What shows where the two pictures are missing.
   std::array<Frame, 5> fraBars{Frame{this}, Frame{this}, Frame{this}, Frame{this}, Frame{this}};
+  Image imgLCARS{this}, imgMenuBorders{this};
   Button lblGameTools{this}, lblTGLTools{this}, lblPackager{this}, lblOptions{this}, lblHelp{this},
       lblExit{this};
+  Label lblName{this};
+  Button imgLogo{this};
   Label lblTitle{this};
   std::array<Label, 7> lblDigits{Label{this}, Label{this}, Label{this}, Label{this},
                                  Label{this}, Label{this}, Label{this}};
   Timer Digits_Timer{this, 1500};
   Timer MainMenu_Timer{this, 15};
+  ScreenSkin Skin;
 
  private:
   void LayOut();
   void LayOutDecoration();
+  void NameControls();
   void Connect();
   void ChangeDigits();
   void Exit();
 
   template <class Screen>
   void Open(Button& button, TextView title);
+  template <class Screen>
+  void Show(Button& button, TextView title);
 
   Application& app_;
   Button* opener_ = nullptr;  ///< The button of the work screen that is open.

@@ -41,8 +41,8 @@ struct Failure {
 /// Routines and screens receive it by reference; nothing else is shared, so a test can hold two.
 class Application {
  public:
-  /// `programFolder`: the folder of the program's own file as a game path, without a backslash at
-  /// its end. All references must outlive the application.
+  /// `programFolder`: where the program's data and the user's packages lie, as a game path without
+  /// a backslash at its end. All references must outlive the application.
   Application(Machine doors, FormHost& host, Dialogue& talk, Text programFolder)
       : machine(doors), dialogue(talk), ProgramFolder(std::move(programFolder)), screens(host) {}
 

@@ -7,30 +7,56 @@
 #include "platform/Guarded.h"
 #include "platform/Sound.h"
 #include "platform/Windows.h"
+#include "state/FileCopies.h"
 #include "state/ReadProgress.h"
 #include "state/Shell.h"
+#include "text/LetterCase.h"
 #include "text/Paths.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
 namespace {
 
-void CopyOneFile(Files& files, TextView from, TextView to) {
-  const auto source = files.Open(from);
-  const auto target = files.Replace(to);
-  target->CopyFrom(*source, 0, source->Size());
-  target->Commit();
-}
+/// A copy of folders, in which every file is a step of its own.
+class FolderCopy {
+ public:
+  FolderCopy(Application& app, Text last) : app_(app), last_(std::move(last)) {}
 
-void CopyFolderTree(Files& files, const Text& from, const Text& to) {
-  if (!files.FolderExists(to)) files.MakeFolder(to);
-  for (const Text& name : files.FileNames(from)) {
-    CopyOneFile(files, JoinPath(from, name), JoinPath(to, name));
+  void CopyTree(const Text& from, const Text& to) {
+    Files& files = app_.machine.files;
+    std::vector<Text> names;
+    std::vector<Text> folders;
+    Try([&] {
+      if (!files.FolderExists(to)) files.MakeFolder(to);
+      names = files.FileNames(from);
+      folders = files.FolderNames(from);
+    });
+    for (const Text& name : names) {
+      if (EqualIgnoringCase(JoinPath(to, name), last_)) {
+        lastSource_ = JoinPath(from, name);
+      } else {
+        Try([&] { CopyOneFile(files, JoinPath(from, name), JoinPath(to, name)); });
+      }
+    }
+    for (const Text& name : folders) CopyTree(JoinPath(from, name), JoinPath(to, name));
   }
-  for (const Text& name : files.FolderNames(from)) {
-    CopyFolderTree(files, JoinPath(from, name), JoinPath(to, name));
+
+  void Finish() {
+    if (!complete_ || lastSource_.empty()) return;
+    Try([&] { CopyOneFile(app_.machine.files, lastSource_, last_); });
   }
-}
+
+ private:
+  template <class Step>
+  void Try(Step&& step) {
+    if (!NotingFailures(app_, step)) complete_ = false;
+  }
+
+  Application& app_;
+  Text last_;
+  Text lastSource_;
+  bool complete_ = true;
+};
 
 /// Appends the next chunk of the file to `text`; false at its end.
 bool ReadChunk(FileReader& file, std::uint32_t chunkSize, FileText& text) {
@@ -104,16 +130,17 @@ void ClearReadOnly(Application& app, TextView path) {
   });
 }
 
-void CopyFolders(Application& app, TextView source, TextView destination) {
-  Files& files = app.machine.files;
-  Guarded([&] {
-    const std::size_t slash = source.rfind(u'\\');
-    const Text parent = FolderWithoutTail(source.substr(0, slash + 1));
-    const TextView pattern = source.substr(slash + 1);
-    for (const Text& name : files.FolderNames(parent)) {
+void CopyFolders(Application& app, TextView source, TextView destination, TextView last) {
+  const std::size_t slash = source.rfind(u'\\');
+  const Text parent = FolderWithoutTail(source.substr(0, slash + 1));
+  const TextView pattern = source.substr(slash + 1);
+  FolderCopy copy(app, last.empty() ? Text() : JoinPath(destination, last));
+  NotingFailures(app, [&] {
+    for (const Text& name : app.machine.files.FolderNames(parent)) {
       if (!MatchesPattern(name, pattern)) continue;
-      CopyFolderTree(files, JoinPath(parent, name), JoinPath(destination, name));
+      copy.CopyTree(JoinPath(parent, name), JoinPath(destination, name));
     }
+    copy.Finish();
   });
 }
 

@@ -25,9 +25,10 @@ TextView CheckFile(Application& app, TextView path);
 void ClearReadOnly(Application& app, TextView path);
 
 /// Copies the folders in `source`, with all that is below them, into `destination`; existing files
-/// are overwritten. `source` may end in a wildcard, which picks folders: "…\Foundation\*". A
-/// failure ends it quietly.
-void CopyFolders(Application& app, TextView source, TextView destination);
+/// are overwritten. `source` may end in a wildcard, which picks folders: "…\Foundation\*". A file
+/// that can't be copied is noted, and the others are. `last`, a path below `destination`, is copied
+/// when all others have been, and only then.
+void CopyFolders(Application& app, TextView source, TextView destination, TextView last = {});
 
 /// Gives the whole file, and drives the progress bar of CurrentScreen in steps of ReadChunkSize.
 /// Silent on every failure: what was read until then is the result. A missing file gives an empty

@@ -7,9 +7,11 @@
 #include "platform/Guarded.h"
 #include "platform/Settings.h"
 #include "platform/Sound.h"
+#include "platform/Windows.h"
 #include "state/CommonUtilities.h"
+#include "state/Foundation.h"
 #include "state/Shell.h"
-#include "text/LetterCase.h"
+#include "state/StoredFlag.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
@@ -37,24 +39,8 @@ Text RegisteredGame(Application& app) {
   return {};
 }
 
-/// A stored flag: a number is false when it is 0, the words True and False count too, and any
-/// other text says nothing.
-std::optional<bool> FlagOf(TextView text) {
-  if (EqualIgnoringCase(text, u"True")) return true;
-  if (EqualIgnoringCase(text, u"False")) return false;
-  try {
-    const std::string bytes = Utf8FromText(text);
-    std::size_t used = 0;
-    const double number = std::stod(bytes, &used);
-    if (bytes.find_first_not_of(' ', used) != std::string::npos) return {};
-    return number != 0;
-  } catch (const std::logic_error&) {
-    return {};
-  }
-}
-
 void ReadFlag(Application& app, TextView key, TextView fallback, bool& field) {
-  field = FlagOf(ReadSetting(app, key, fallback)).value_or(field);
+  field = StoredFlag(ReadSetting(app, key, fallback)).value_or(field);
 }
 
 }  // namespace
@@ -117,6 +103,7 @@ void ClearGameTextsReadOnly(Application& app) {
 
 void StartUpSequence(Application& app) {
   AppState& state = app.State;
+  app.Failures.clear();
   SetConstants(app);
   state.GamePath = FindGame(app).Folder;
   Guarded([&] {
@@ -126,10 +113,13 @@ void StartUpSequence(Application& app) {
   ReadFlag(app, u"SoundFX", u"True", state.SoundFX);
   ReadFlag(app, u"VideoFX", u"True", state.VideoFX);
   PlayEffect(app, u"SystemsOnline.wav", kPlay);
+  app.machine.windows.SetHelpFile(app.ProgramFolder + u"\\Help\\Help System.chm");
   MakeProgramFolders(app);
   app.shell->ShowMainMenu();
   app.shell->ShowStatus(u"Standing By...");
+  TestFoundation(app);
   ClearGameTextsReadOnly(app);
+  TestOldLayout(app);
 }
 
 }  // namespace tarvo

@@ -140,6 +140,33 @@ TEST_F(FolderLists, DirListShowsParentsThenSubfoldersAndRefusesWhatIsMissing) {
   EXPECT_EQ(list.Rows()[1].Depth, 1);
 }
 
+TEST_F(FolderLists, TheUserComesToRowsOfADirListWithoutOpeningThem) {
+  Make(u"\\alpha");
+  Make(u"\\zeta");
+  DirListBox list(nullptr, *files);
+  EXPECT_EQ(list.ListedFolder(), u"");
+  list.GoUp();
+  list.SetPath(root);
+  const auto folder = static_cast<std::size_t>(list.ListIndex());
+  EXPECT_EQ(list.ListedFolder(), root);
+  int clicks = 0;
+  list.OnClick = [&] { ++clicks; };
+  list.Click(folder + 2);
+  EXPECT_EQ(list.ListedFolder(), root + u"\\zeta");
+  EXPECT_EQ(list.Path(), root);
+  EXPECT_THROW(list.Click(folder + 3), std::out_of_range);
+  list.GoUp();
+  EXPECT_EQ(list.ListedFolder(), root);
+  EXPECT_EQ(clicks, 2);
+  list.GoUp();
+  EXPECT_EQ(list.Path(), list.Rows()[folder - 1].Path);
+  EXPECT_EQ(list.ListedFolder(), list.Path());
+  while (list.ListIndex() > 0) list.GoUp();
+  EXPECT_EQ(list.Path(), u"Z:\\");
+  list.GoUp();
+  EXPECT_EQ(list.Path(), u"Z:\\");
+}
+
 TEST_F(FolderLists, FileListShowsItsFolderAsOfTheLastRefresh) {
   files->MakeEmptyFile(root + u"\\b.TARVO");
   files->MakeEmptyFile(root + u"\\A.Tarvo");

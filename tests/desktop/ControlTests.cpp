@@ -1,4 +1,5 @@
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QApplication>
 #include <QListView>
 #include <QScrollBar>
@@ -128,6 +129,42 @@ TEST_F(Controls, FoldersOpenByDoubleClickAndEnterOnly) {
   Key("Return");
   EXPECT_EQ(form.folders.Path(), u"Z:\\games\\scripts\\Custom");
   EXPECT_EQ(entered, 0);
+}
+
+TEST_F(Controls, FoldersAreWalkedByKeysAlone) {
+  WorkForm& form = ShowWork();
+  form.folders.SetFocus();
+  Turn(60);
+  struct Case {
+    const char* key;
+    TextView folder, listed;
+  };
+  for (const Case& c :
+       {Case{"Down", u"Z:\\games", u"Z:\\games\\data"}, Case{"Left", u"Z:\\games", u"Z:\\games"},
+        Case{"s", u"Z:\\games", u"Z:\\games\\scripts"},
+        Case{"Right", u"Z:\\games\\scripts", u"Z:\\games\\scripts"},
+        Case{"BackSpace", u"Z:\\games", u"Z:\\games"}, Case{"BackSpace", u"Z:\\", u"Z:\\"},
+        Case{"Left", u"Z:\\", u"Z:\\"}, Case{"End", u"Z:\\", u"Z:\\games"},
+        Case{"Return", u"Z:\\games", u"Z:\\games"}}) {
+    Key(c.key);
+    EXPECT_EQ(form.folders.Path(), c.folder) << c.key;
+    EXPECT_EQ(form.folders.ListedFolder(), c.listed) << c.key;
+  }
+}
+
+TEST_F(Controls, ACheckBoxIsTickedOnItsSquareOnItsCaptionAndBySpace) {
+  WorkForm& form = ShowWork();
+  std::vector<bool> ticks;
+  form.tick.OnClick = [&] { ticks.push_back(form.tick.Checked); };
+  Click(form.tick, {-88, 0});
+  Click(form.tick, {-50, 0});
+  Key("space");
+  EXPECT_EQ(ticks, (std::vector<bool>{true, false, true}));
+  QAccessibleInterface* box = QAccessible::queryAccessibleInterface(QApplication::focusWidget());
+  ASSERT_TRUE(box);
+  EXPECT_EQ(box->role(), QAccessible::CheckBox);
+  EXPECT_EQ(box->text(QAccessible::Name), "Tick me");
+  EXPECT_TRUE(box->state().checked);
 }
 
 TEST_F(Controls, DrivesDropDown) {

@@ -54,6 +54,9 @@ class FakeFiles : public Files {
   std::unique_ptr<FileReplacement> Replace(TextView path) override { Refuse(path); }
   void MakeEmptyFile(TextView path) override { Refuse(path); }
   void MakeFolder(TextView path) override { Refuse(path); }
+  void RemoveFolder(TextView path) override { Refuse(path); }
+  Text RealPath(TextView path) override { return Text(path); }
+  void Sync(TextView) override {}
   void Rename(TextView path, TextView) override { Refuse(path); }
   void Remove(TextView path) override { Refuse(path); }
 

@@ -2,6 +2,7 @@
 
 #include "FakeFiles.h"
 #include "controls/Button.h"
+#include "controls/CheckBox.h"
 #include "controls/ComboBox.h"
 #include "controls/DirListBox.h"
 #include "controls/DriveListBox.h"
@@ -52,6 +53,7 @@ class WorkForm : public Form {
   Button go{this};
   Button stop{this};
   Button bare{this};
+  CheckBox tick{this};
   ProgressBar progress{this};
   Shape outline{this};
   Label note{this};
@@ -71,6 +73,7 @@ class WorkForm : public Form {
     go.Move(6000, 4770, 1600, 435);
     stop.Move(7730, 4770, 1600, 435);
     bare.Move(6000, 5300, 3330, 435);
+    tick.Move(6450, 180, 2880, 330);
     progress.Move(300, 5400, 5550, 225);
     outline.Move(300, 5850, 9030, 1050);
     note.Move(450, 5950, 8730, 850);
@@ -89,6 +92,8 @@ class WorkForm : public Form {
     stop.BackColour = palette::kBlue;
     bare.ForeColour = palette::kPeach;
     bare.Caption = u"A caption alone";
+    tick.Caption = u"Tick me";
+    tick.ForeColour = palette::kPeach;
     for (Control* text : std::initializer_list<Control*>{&title, &note, &status}) {
       text->ForeColour = palette::kPeach;
     }

@@ -29,6 +29,13 @@ TestMachine::TestMachine()
   settings.Write(u"Tarvo Packager", u"Settings", u"GamePath", GameFolder());
 }
 
+frmMain& TestMachine::Start() {
+  if (hasFoundation && !app.screens.Find<frmMain>()) {
+    WriteFile(GameFolder() + u"\\scripts\\Custom\\FoundationConfig.py", "config");
+  }
+  return app.Screen<frmMain>();
+}
+
 void TestMachine::WriteFile(TextView path, FileTextView bytes) {
   const Text whole(path);
   for (std::size_t slash = folder.Game().size(); slash != Text::npos;
@@ -61,7 +68,8 @@ void TestMachine::ShowMessage(TextView text, TextView, BoxIcon icon) {
 }
 
 void TestMachine::RunModal(Form& form) {
-  auto& dialog = dynamic_cast<frmPac_InputBox&>(form);
+  if (!dynamic_cast<frmPac_InputBox*>(&form)) return atDialog(form);
+  auto& dialog = static_cast<frmPac_InputBox&>(form);
   questions.push_back(dialog.lblInput.Caption);
   Text answer = u"No";
   if (!answers.empty()) {
@@ -71,6 +79,8 @@ void TestMachine::RunModal(Form& form) {
   if (dialog.txtInputBox.Visible) {
     dialog.txtInputBox.SetText(answer);
     dialog.cmdOk.Press();
+  } else if (answer.empty()) {
+    app.screens.Close(form);
   } else {
     (answer == u"Yes" ? dialog.cmdYes : answer == u"All" ? dialog.cmdAll : dialog.cmdNo).Press();
   }

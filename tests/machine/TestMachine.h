@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -27,8 +28,9 @@ class TestMachine : public FormHost, public Windows {
   /// The game's folder holds stbc.exe and is stored in the settings.
   TestMachine();
 
-  /// Brings up the top window and with it the main menu.
-  frmMain& Start() { return app.Screen<frmMain>(); }
+  /// Brings up the top window and with it the main menu. The first time the game gets Foundation's
+  /// FoundationConfig.py, unless `hasFoundation` is false.
+  frmMain& Start();
 
   /// Game paths, with no backslash at the end.
   Text GameFolder() const { return folder.Game(u"game"); }
@@ -59,12 +61,21 @@ class TestMachine : public FormHost, public Windows {
 
   std::vector<Box> boxes;       ///< What message boxes have shown.
   std::vector<Text> questions;  ///< What the dialog has asked.
-  std::deque<Text> answers;     ///< The user's answers to come; with none left he says "No".
+  std::deque<Text> answers;     ///< The user's answers to come; with none left he says "No". An
+                                ///< empty one closes a question by its close box.
+  std::function<void(Form&)> atDialog;  ///< What the user does in dialogs other than questions.
+  std::vector<Text> opened;             ///< The addresses and programs that were to be opened,
+  bool canOpen = false;                 ///< which succeeds.
   Text helpFile;
   bool quit = false;
+  bool hasFoundation = true;
 
   void ShowMessage(TextView text, TextView caption, BoxIcon icon) override;
-  bool OpenAddress(TextView) override { return false; }
+  bool OpenAddress(TextView address) override {
+    opened.emplace_back(address);
+    return canOpen;
+  }
+  bool RunProgram(TextView path) override { return OpenAddress(path); }
   void SetHelpFile(TextView path) override { helpFile = path; }
   TwipSize ScreenSize() override { return {19200, 15000}; }
 

@@ -60,7 +60,8 @@ TEST_F(Installing, WritesEveryByteWhereItBelongs) {
   EXPECT_EQ(machine.boxes.back().Message, u"Tarvo \"x\" has been installed into your Game!");
   EXPECT_EQ(machine.FilesBelow(game),
             (std::vector<Text>{u"\\data\\models\\ships\\It's \u00FC b\\a.nif",
-                               u"\\data\\models\\ships\\other.nif", u"\\scripts\\b.tgl",
+                               u"\\data\\models\\ships\\other.nif",
+                               u"\\scripts\\Custom\\FoundationConfig.py", u"\\scripts\\b.tgl",
                                u"\\scripts\\ships\\A.py", u"\\stbc.exe"}));
   EXPECT_EQ(machine.Bytes(game + u"\\data\\Models\\Ships\\It's \u00FC b\\a.nif"), large);
   EXPECT_EQ(machine.Bytes(game + u"\\scripts\\ships\\A.py"), all);
@@ -129,7 +130,8 @@ TEST_F(Installing, OneUnsafeEntryRefusesTheWholePackage) {
     EXPECT_EQ(Install(Package({{u"\\good.py", "x"}, {Text(entry), "x"}})), BoxIcon::Critical);
     EXPECT_EQ(machine.boxes.back().Message, u"An Error Occured while trying to extract!");
     EXPECT_EQ(Status().find(Text(entry) + u": it"), 0u) << Utf8FromText(Status());
-    EXPECT_EQ(machine.FilesBelow(game), std::vector<Text>{u"\\stbc.exe"});
+    EXPECT_EQ(machine.FilesBelow(game),
+              (std::vector<Text>{u"\\scripts\\Custom\\FoundationConfig.py", u"\\stbc.exe"}));
   }
   EXPECT_EQ(machine.Bytes(machine.folder.Game() + u"\\evil.py"), "(missing)");
 }
@@ -143,7 +145,7 @@ TEST_F(Installing, PackageCutAnywhereHarmsNothing) {
     EXPECT_EQ(machine.Bytes(game + u"\\s\\1.py"), "old");
     EXPECT_NE(Status().find(u"byte"), Text::npos);
   }
-  EXPECT_EQ(machine.FilesBelow(game).size(), 2u);
+  EXPECT_EQ(machine.FilesBelow(game).size(), 3u);
 }
 
 TEST_F(Installing, FileThatCantBeWrittenIsNamedAndTheRestFollows) {
@@ -170,7 +172,7 @@ TEST_F(Installing, FullDiskLosesNoOldFile) {
     machine.files.Fail(step, 1, ENOSPC);
     Install(Package({{u"\\s\\1.py", "new"}}));
     EXPECT_EQ(machine.Bytes(game + u"\\s\\1.py"), "old");
-    EXPECT_EQ(machine.FilesBelow(game).size(), 2u);
+    EXPECT_EQ(machine.FilesBelow(game).size(), 3u);
   }
 }
 

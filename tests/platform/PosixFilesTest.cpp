@@ -146,6 +146,36 @@ TEST_F(PosixFilesTest, MakesFoldersAndEmptyFiles) {
   EXPECT_EQ(CodeOf([&] { files.MakeEmptyFile(folder.Game(u"new")); }), EISDIR);
 }
 
+TEST_F(PosixFilesTest, RemovesEmptyFoldersAndLinksToFolders) {
+  folder.Put("Full/x", "");
+  folder.Put("file", "");
+  std::filesystem::create_directory(folder.Host("Empty"));
+  symlink("Full", folder.Host("link").c_str());
+  symlink("file", folder.Host("filelink").c_str());
+  const struct {
+    TextView Name;
+    int Code;
+  } cases[] = {{u"FULL", ENOTEMPTY}, {u"file", ENOTDIR}, {u"filelink", ENOTDIR},
+               {u"missing", ENOENT}, {u"EMPTY", 0},      {u"Link\\", 0}};
+  for (const auto& [name, code] : cases) {
+    EXPECT_EQ(CodeOf([&] { files.RemoveFolder(folder.Game(name)); }), code);
+  }
+  EXPECT_EQ(files.FolderNames(folder.Game()), Names{u"Full"});
+  EXPECT_EQ(files.FileNames(folder.Game()), (Names{u"file", u"filelink"}));
+  EXPECT_TRUE(files.FileExists(folder.Game(u"Full\\x")));
+}
+
+TEST_F(PosixFilesTest, TellsThePlaceWhereAPathLeads) {
+  folder.Put("Sub/File", "");
+  symlink("Sub", folder.Host("link").c_str());
+  const Text place = files.RealPath(folder.Game());
+  EXPECT_EQ(files.RealPath(folder.Game(u"LINK\\file")), place + u"\\Sub\\File");
+  EXPECT_EQ(files.RealPath(folder.Game(u"sub\\")), place + u"\\Sub");
+  EXPECT_EQ(CodeOf([&] { files.RealPath(folder.Game(u"missing")); }), ENOENT);
+  files.Sync(folder.Game(u"SUB"));
+  EXPECT_EQ(CodeOf([&] { files.Sync(folder.Game(u"missing")); }), ENOENT);
+}
+
 TEST_F(PosixFilesTest, RenamesWithoutLosingAnything) {
   folder.Put("a", "1");
   folder.Put("B", "2");

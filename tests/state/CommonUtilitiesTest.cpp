@@ -152,12 +152,15 @@ TEST_F(Utilities, CopyFoldersTakesTheFoldersThatMatch) {
   machine.WriteFile(source + u"\\scripts\\Custom\\a.py", "new");
   machine.WriteFile(source + u"\\data\\b.bin", AllBytes());
   machine.WriteFile(source + u"\\loose.txt", "stays");
-  machine.WriteFile(machine.GameFolder() + u"\\scripts\\custom\\A.py", "old");
+  machine.WriteFile(machine.GameFolder() + u"\\scripts\\custom\\A.PY", "old");
   CopyFolders(app, source + u"\\*", machine.GameFolder());
   EXPECT_EQ(machine.FilesBelow(machine.GameFolder()),
-            (std::vector<Text>{u"\\data\\b.bin", u"\\scripts\\custom\\A.py", u"\\stbc.exe"}));
+            (std::vector<Text>{u"\\data\\b.bin", u"\\scripts\\Custom\\A.PY",
+                               u"\\scripts\\Custom\\FoundationConfig.py", u"\\stbc.exe"}));
   EXPECT_EQ(machine.Bytes(machine.GameFolder() + u"\\scripts\\custom\\A.py"), "new");
+  EXPECT_TRUE(app.Failures.empty());
   CopyFolders(app, machine.ProgramFolder() + u"\\Missing\\*", machine.GameFolder());
+  EXPECT_EQ(app.Failures.size(), 1u);
 }
 
 TEST_F(Utilities, NoSoundWithoutSoundFX) {

@@ -21,7 +21,7 @@ void Store(TestMachine& machine, TextView key, TextView text) {
 }
 
 TEST(StartUp, FindsTheGameInTheSettingsOrTheRegistry) {
-  enum class Key { Absent, Locked, NoValue, Game };
+  enum class Key { Absent, Locked, NoValue, LockedValue, Game };
   struct Case {
     const char* what;
     bool storedHoldsGame;
@@ -37,6 +37,9 @@ TEST(StartUp, FindsTheGameInTheSettingsOrTheRegistry) {
            Case{"only V1.1", false, Key::Absent, Key::Game, u"v11"},
            Case{"V1.0 locked", false, Key::Locked, Key::Game, u"v11"},
            Case{"V1.0 without the value", false, Key::NoValue, Key::Game, u"v11"},
+           Case{"V1.0 with a value that can't be read", false, Key::LockedValue, Key::Game, u"v11"},
+           Case{"both keys locked", false, Key::Locked, Key::Locked, u""},
+           Case{"both keys without the value", false, Key::NoValue, Key::NoValue, u""},
            Case{"nothing at all", false, Key::Absent, Key::Absent, u""},
        }) {
     SCOPED_TRACE(c.what);
@@ -44,6 +47,7 @@ TEST(StartUp, FindsTheGameInTheSettingsOrTheRegistry) {
     if (!c.storedHoldsGame) machine.disk->Remove(machine.GameFolder() + u"\\stbc.exe");
     const auto prepare = [&](const Text& path, Key key, const Text& folder) {
       if (key == Key::Locked) machine.registry.Lock(path);
+      if (key == Key::LockedValue) machine.registry.LockValue(path, u"INSTALLPATH");
       if (key == Key::NoValue) machine.registry.SetText(path, u"OTHER", u"x");
       if (key == Key::Game) machine.registry.SetText(path, u"INSTALLPATH", folder);
     };
@@ -53,6 +57,9 @@ TEST(StartUp, FindsTheGameInTheSettingsOrTheRegistry) {
     const Text expected = c.expected.empty() ? Text() : machine.folder.Game(c.expected);
     EXPECT_EQ(machine.app.State.GamePath, expected);
     EXPECT_EQ(Stored(machine, u"GamePath"), expected);
+    // Only the stored game has Foundation; where there is no game at all, it is missed as well.
+    EXPECT_EQ(machine.questions.size(), c.storedHoldsGame ? 0u : 1u);
+    EXPECT_TRUE(machine.app.screens.Find<frmMainMenu>()->Visible);
   }
 }
 
@@ -90,7 +97,25 @@ TEST(StartUp, BringsUpTheMenuAndPreparesTheFolders) {
   ASSERT_EQ(machine.sound.Orders.size(), 1u);
   EXPECT_EQ(machine.sound.Orders[0].File, machine.ProgramFolder() + u"\\Sfx\\SystemsOnline.wav");
   EXPECT_EQ(machine.sound.Orders[0].Flags, kPlay);
+  EXPECT_EQ(machine.helpFile, machine.ProgramFolder() + u"\\Help\\Help System.chm");
   EXPECT_TRUE(machine.boxes.empty());
+}
+
+TEST(StartUp, RunsAgainForAnotherGame) {
+  TestMachine machine;
+  machine.Start();
+  const Text other = machine.folder.Game(u"other");
+  const Text quickBattle = other + u"\\data\\TGL\\QuickBattle\\QuickBattle.TGL";
+  machine.WriteFile(other + u"\\stbc.exe", "game");
+  machine.WriteFile(quickBattle, "x");
+  machine.disk->SetAttributes(quickBattle, kReadOnlyFile);
+  Store(machine, u"GamePath", other);
+  Store(machine, u"VideoFX", u"0");
+  StartUpSequence(machine.app);
+  EXPECT_EQ(machine.app.State.GamePath, other);
+  EXPECT_FALSE(machine.app.State.VideoFX);
+  EXPECT_EQ(machine.questions.size(), 1u);
+  EXPECT_EQ(machine.disk->Attributes(quickBattle), unsigned{kNormalFile});
 }
 
 TEST(StartUp, StoreThatCantBeWrittenStopsNothing) {

@@ -9,9 +9,9 @@ namespace tarvo::test {
 namespace {
 
 /// The verbs that the real files use.
-constexpr TextView kVerbs[] = {u"look at", u"change", u"open",  u"read",  u"replace",
-                               u"write",   u"write",  u"write", u"write", u"make folder",
-                               u"rename",  u"delete", u"list"};
+constexpr TextView kVerbs[] = {u"look at",       u"change", u"open",   u"read",  u"replace",
+                               u"write",         u"write",  u"write",  u"write", u"make folder",
+                               u"delete folder", u"rename", u"delete", u"list",  u"sync"};
 static_assert(std::size(kVerbs) == static_cast<std::size_t>(FileStep::Count));
 
 }  // namespace
@@ -97,6 +97,11 @@ void FailingFiles::Fail(FileStep step, int nth, int code, bool onwards) {
   changed.Onwards = onwards;
 }
 
+void FailingFiles::FailAny(int nth, int code) {
+  failAt_ = seen_ + nth;
+  failCode_ = code;
+}
+
 void FailingFiles::FailAfterBytes(std::uint64_t bytes, int code) {
   bytesLeft_ = bytes;
   fullCode_ = code;
@@ -105,14 +110,22 @@ void FailingFiles::FailAfterBytes(std::uint64_t bytes, int code) {
 void FailingFiles::Heal() {
   for (Plan& changed : plans_) changed.FailAt = 0;
   bytesLeft_.reset();
+  failAt_ = 0;
+  killAt_ = 0;
 }
 
 void FailingFiles::Take(FileStep step, TextView path) {
+  const auto fail = [&](int code) {
+    throw PlatformError(Text(kVerbs[static_cast<std::size_t>(step)]), Text(path), code);
+  };
   Plan& taken = PlanOf(step);
   ++taken.Seen;
+  ++seen_;
+  if (killAt_ != 0 && seen_ >= killAt_) throw Killed{};
+  if (seen_ == failAt_) fail(failCode_);
   if (taken.FailAt == 0 || taken.Seen < taken.FailAt) return;
   if (!taken.Onwards) taken.FailAt = 0;
-  throw PlatformError(Text(kVerbs[static_cast<std::size_t>(step)]), Text(path), taken.Code);
+  fail(taken.Code);
 }
 
 std::uint64_t FailingFiles::Fitting(std::uint64_t bytes) const {
@@ -152,6 +165,16 @@ void FailingFiles::MakeEmptyFile(TextView path) {
 void FailingFiles::MakeFolder(TextView path) {
   Take(FileStep::MakeFolder, path);
   files_.MakeFolder(path);
+}
+
+void FailingFiles::RemoveFolder(TextView path) {
+  Take(FileStep::RemoveFolder, path);
+  files_.RemoveFolder(path);
+}
+
+Text FailingFiles::RealPath(TextView path) {
+  Take(FileStep::Look, path);
+  return files_.RealPath(path);
 }
 
 void FailingFiles::Rename(TextView from, TextView to) {

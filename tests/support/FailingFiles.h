@@ -10,7 +10,7 @@ namespace tarvo::test {
 
 /// What can be made to fail.
 enum class FileStep {
-  Look,  ///< FileSize and Attributes; the questions for existence and stamp never fail.
+  Look,  ///< FileSize, Attributes and RealPath; the questions for existence and stamp never fail.
   SetAttributes,
   Open,
   Read,
@@ -20,11 +20,16 @@ enum class FileStep {
   Commit,
   MakeEmptyFile,
   MakeFolder,
+  RemoveFolder,
   Rename,
   Remove,
   List,
+  Sync,
   Count,
 };
+
+/// What goes through the program when its process is killed: nothing in it catches this.
+struct Killed {};
 
 /// Files that fail on purpose, and otherwise do what the files behind them do. What a step throws
 /// is a PlatformError like a real one's. Readers and replacements must not outlive the object.
@@ -36,6 +41,12 @@ class FailingFiles : public Files {
   /// works again, unless `onwards`.
   void Fail(FileStep step, int nth, int code, bool onwards = false);
 
+  /// Lets the `nth` step of any kind from now on fail with `code`.
+  void FailAny(int nth, int code);
+
+  /// Throws Killed in front of the `nth` step of any kind from now on, and of all that follow.
+  void KillAt(int nth) { killAt_ = seen_ + nth; }
+
   /// Lets all replacements together take `bytes` more bytes, then fail as a full disk would.
   void FailAfterBytes(std::uint64_t bytes, int code);
 
@@ -44,6 +55,9 @@ class FailingFiles : public Files {
 
   /// Steps of a kind so far, the failed ones included.
   int Steps(FileStep step) const { return PlanOf(step).Seen; }
+
+  /// Steps of all kinds so far.
+  int AllSteps() const { return seen_; }
 
   bool FileExists(TextView path) override { return files_.FileExists(path); }
   bool FolderExists(TextView path) override { return files_.FolderExists(path); }
@@ -55,10 +69,15 @@ class FailingFiles : public Files {
   std::unique_ptr<FileReplacement> Replace(TextView path) override;
   void MakeEmptyFile(TextView path) override;
   void MakeFolder(TextView path) override;
+  void RemoveFolder(TextView path) override;
   void Rename(TextView from, TextView to) override;
   void Remove(TextView pathOrPattern) override;
   std::vector<Text> FileNames(TextView folder, TextView pattern = u"*") override;
   std::vector<Text> FolderNames(TextView folder) override;
+  Text RealPath(TextView path) override;
+
+  /// Only counted: to wait for the disk would prove nothing in a test.
+  void Sync(TextView folder) override { Take(FileStep::Sync, folder); }
   std::vector<Text> Drives() override { return files_.Drives(); }
   void RemoveAbandoned() override { files_.RemoveAbandoned(); }
 
@@ -84,6 +103,10 @@ class FailingFiles : public Files {
 
   Files& files_;
   std::array<Plan, static_cast<std::size_t>(FileStep::Count)> plans_;
+  int seen_ = 0;
+  int failAt_ = 0;  ///< The number of the step of any kind that fails; 0 for none.
+  int failCode_ = 0;
+  int killAt_ = 0;
   std::optional<std::uint64_t> bytesLeft_;
   int fullCode_ = 0;
 };

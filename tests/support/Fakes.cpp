@@ -49,7 +49,8 @@ Text MemorySettings::Read(TextView application, TextView section, TextView key, 
 }
 
 void MemorySettings::Write(TextView application, TextView section, TextView key, TextView text) {
-  if (FailingCode != 0) throw PlatformError(u"write", u"settings", FailingCode);
+  if (FailingCode != 0 && FailingAfter-- <= 0)
+    throw PlatformError(u"write", u"settings", FailingCode);
   texts_.insert_or_assign(Place(application, section, key), Text(text));
 }
 

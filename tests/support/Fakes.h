@@ -55,10 +55,11 @@ class MemorySettings : public Settings {
  public:
   Text Read(TextView application, TextView section, TextView key, TextView fallback) override;
 
-  /// Throws PlatformError with FailingCode when that isn't 0.
+  /// Throws PlatformError with FailingCode when that isn't 0, from the write after FailingAfter on.
   void Write(TextView application, TextView section, TextView key, TextView text) override;
 
   int FailingCode = 0;
+  int FailingAfter = 0;
 
  private:
   std::map<std::tuple<Text, Text, Text>, Text> texts_;

@@ -42,6 +42,9 @@ class OneFile : public Files {
   void SetAttributes(TextView, unsigned) override { std::abort(); }
   void MakeEmptyFile(TextView) override { std::abort(); }
   void MakeFolder(TextView) override { std::abort(); }
+  void RemoveFolder(TextView) override { std::abort(); }
+  Text RealPath(TextView) override { std::abort(); }
+  void Sync(TextView) override { std::abort(); }
   void Rename(TextView, TextView) override { std::abort(); }
   void Remove(TextView) override { std::abort(); }
   std::vector<Text> FileNames(TextView, TextView) override { std::abort(); }

@@ -71,6 +71,9 @@ class MemoryFiles : public Files {
   MOCK_METHOD(void, SetAttributes, (TextView, unsigned), (override));
   MOCK_METHOD(void, MakeEmptyFile, (TextView), (override));
   MOCK_METHOD(void, MakeFolder, (TextView), (override));
+  MOCK_METHOD(void, RemoveFolder, (TextView), (override));
+  MOCK_METHOD(Text, RealPath, (TextView), (override));
+  MOCK_METHOD(void, Sync, (TextView), (override));
   MOCK_METHOD(void, Rename, (TextView, TextView), (override));
   MOCK_METHOD(void, Remove, (TextView), (override));
   MOCK_METHOD(std::vector<Text>, Drives, (), (override));

@@ -172,6 +172,7 @@ void WriteSampleGame(const fs::path& folder) {
 
 void WriteEmptyGame(const fs::path& folder) {
   Write(folder / "stbc.exe", kProgram);
+  Write(folder / "scripts/Custom/FoundationConfig.py", kFoundationConfig);
   for (const std::string_view name : kGameFolders) fs::create_directories(folder / FromUtf8(name));
   WriteDatabases(folder);
 }

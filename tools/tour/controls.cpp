@@ -28,8 +28,10 @@
 #include "platform/Windows.h"
 #include "platform/posix/HostPaths.h"
 #include "platform/posix/PosixFiles.h"
+#include "shell/frmAbout.h"
 #include "shell/frmMain.h"
 #include "shell/frmMainMenu.h"
+#include "shell/frmOptions.h"
 #include "shiptgl/frmTGLTools.h"
 #include "state/Dialogue.h"
 #include "text/RaisedError.h"
@@ -53,6 +55,7 @@ struct Nowhere : Settings, Registry, Sound, Locale, Clock, Windows, Dialogue, Fo
   double Random() override { return 0; }
   void ShowMessage(TextView, TextView, BoxIcon) override {}
   bool OpenAddress(TextView) override { return false; }
+  bool RunProgram(TextView) override { return false; }
   void SetHelpFile(TextView) override {}
   TwipSize ScreenSize() override { return {}; }
   void PacMsg(TextView, Title) override {}
@@ -105,6 +108,7 @@ void PrintGameTools(Application& app) {
          {"lblMenus", tools.lblMenus},
          {"lblChecker", tools.lblChecker},
          {"fraShipInfo", tools.fraShipInfo},
+         {"cboShipName", tools.cboShipName},
          {"cboSpecies", tools.cboSpecies},
          {"FileList2", tools.FileList2},
          {"lblMakeShipPlugin", tools.lblMakeShipPlugin},
@@ -141,6 +145,9 @@ void PrintPlaces(Application& app) {
         {{"lblGameTools", menu.lblGameTools},
          {"lblTGLTools", menu.lblTGLTools},
          {"lblPackager", menu.lblPackager},
+         {"lblOptions", menu.lblOptions},
+         {"lblHelp", menu.lblHelp},
+         {"imgLogo", menu.imgLogo},
          {"lblExit", menu.lblExit}});
   auto& packager = app.Screen<frmPackager>();
   Print("frmPackager", packager,
@@ -175,8 +182,19 @@ void PrintPlaces(Application& app) {
          {"lblExit", tgl.lblExit},
          {"fraGameTGL", tgl.fraGameTGL},
          {"File2", tgl.File2},
-         {"lblUpdateGame", tgl.lblUpdateGame}});
+         {"lblUpdateGame", tgl.lblUpdateGame},
+         {"lblExit1", tgl.lblExit1}});
   PrintGameTools(app);
+  auto& options = app.Screen<frmOptions>();
+  Print("frmOptions", options,
+        {{"lstDir", options.lstDir},
+         {"lblFolder", options.lblFolder},
+         {"chkSoundFX", options.chkSoundFX},
+         {"chkVideoFX", options.chkVideoFX},
+         {"lblSave", options.lblSave},
+         {"lblExit", options.lblExit}});
+  auto& about = app.Screen<frmAbout>();
+  Print("frmAbout", about, {{"cmdOk", about.cmdOk}, {"cmdSysInfo", about.cmdSysInfo}});
   auto& dialog = app.Screen<frmPac_InputBox>();
   dialog.LayOutQuestion(u"", Title::Warning);
   Print("frmPac_InputBox", dialog,

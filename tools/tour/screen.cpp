@@ -1,5 +1,5 @@
 // Looks at the screen:
-//   screen shot FILE                               writes it as a picture
+//   screen shot FILE [LEFT TOP WIDTH HEIGHT]       writes it, or an area of it, as a picture
 //   screen settled LEFT TOP WIDTH HEIGHT [OLD]     waits until the area has stopped to change and
 //                                                  prints a sum over its pixels; with the sum OLD,
 //                                                  until it has also become another
@@ -49,14 +49,19 @@ int WaitUntilSettled(const QRect& area, const QByteArray& old) {
 int main(int count, char** arguments) {
   QGuiApplication application(count, arguments);
   const QStringList words = QGuiApplication::arguments().mid(1);
-  if (words.size() == 2 && words[0] == "shot") {
+  if ((words.size() == 2 || words.size() == 6) && words[0] == "shot") {
     const QPixmap grab = QGuiApplication::primaryScreen()->grabWindow(0);
-    return grab.save(words[1], "PNG") ? 0 : 1;
+    const QRect area(words.value(2).toInt(), words.value(3).toInt(), words.value(4).toInt(),
+                     words.value(5).toInt());
+    return (area.isEmpty() ? grab : grab.copy(area)).save(words[1], "PNG") ? 0 : 1;
   }
   if ((words.size() == 5 || words.size() == 6) && words[0] == "settled") {
     const QRect area(words[1].toInt(), words[2].toInt(), words[3].toInt(), words[4].toInt());
     return WaitUntilSettled(area, words.value(5).toLatin1());
   }
-  std::fputs("Usage: screen shot FILE | screen settled LEFT TOP WIDTH HEIGHT [OLD]\n", stderr);
+  std::fputs(
+      "Usage: screen shot FILE [LEFT TOP WIDTH HEIGHT] | screen settled LEFT TOP WIDTH HEIGHT "
+      "[OLD]\n",
+      stderr);
   return 2;
 }

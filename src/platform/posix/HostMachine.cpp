@@ -5,6 +5,7 @@
 #include "platform/SystemClock.h"
 #include "platform/posix/HostPaths.h"
 #include "platform/posix/IniSettings.h"
+#include "platform/posix/NameLookup.h"
 #include "platform/posix/PosixFiles.h"
 #include "platform/posix/PosixLocale.h"
 #include "platform/posix/UserFolders.h"
@@ -30,10 +31,9 @@ HostMachine OpenHostMachine() {
   return machine;
 }
 
-Text ProgramFolder() {
-  std::error_code failed;
-  const auto file = std::filesystem::read_symlink("/proc/self/exe", failed);
-  return GamePathOf(file.parent_path().native());
+std::string HostPath(TextView gamePath) {
+  const std::optional<HostParts> parts = SplitGamePath(gamePath);
+  return parts ? NameLookup().Resolve("/", parts->Names) : std::string();
 }
 
 Text GamePathFromArgument(std::string_view argument) {

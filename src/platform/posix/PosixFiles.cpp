@@ -6,8 +6,10 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 
 #include "platform/PlatformError.h"
+#include "platform/posix/Descriptor.h"
 #include "platform/posix/HostPaths.h"
 #include "platform/posix/PosixFileReader.h"
 #include "platform/posix/RenameFile.h"
@@ -161,6 +163,33 @@ void PosixFiles::MakeFolder(TextView path) {
   const std::string host = FolderPath(u"make folder", path);
   if (mkdir(host.c_str(), 0777) != 0) Fail(u"make folder", path, errno);
   state_->names.Added(HostFolderOf(host), HostNameOf(host));
+}
+
+void PosixFiles::RemoveFolder(TextView path) {
+  const std::string host = FolderPath(u"delete folder", path);
+  struct stat state;
+  if (lstat(host.c_str(), &state) != 0) Fail(u"delete folder", path, errno);
+  const bool isLink = S_ISLNK(state.st_mode);
+  if (isLink && !FolderExists(path)) Fail(u"delete folder", path, ENOTDIR);
+  if ((isLink ? unlink(host.c_str()) : rmdir(host.c_str())) != 0) {
+    Fail(u"delete folder", path, errno);
+  }
+  state_->names.Removed(HostFolderOf(host), HostNameOf(host));
+}
+
+Text PosixFiles::RealPath(TextView path) {
+  const std::string host = FolderPath(u"look at", path);
+  const std::unique_ptr<char, void (*)(void*)> real(realpath(host.c_str(), nullptr), std::free);
+  if (!real) Fail(u"look at", path, errno);
+  Text told = GamePathOf(real.get());
+  if (told.empty()) Fail(u"look at", path, EINVAL);
+  return told;
+}
+
+void PosixFiles::Sync(TextView folder) {
+  const std::string host = FolderPath(u"sync", folder);
+  const Descriptor handle(open(host.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!handle.IsOpen() || syncfs(handle.Get()) != 0) Fail(u"sync", folder, errno);
 }
 
 void PosixFiles::Rename(TextView from, TextView to) {

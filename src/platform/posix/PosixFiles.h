@@ -32,10 +32,13 @@ class PosixFiles : public Files {
   std::unique_ptr<FileReplacement> Replace(TextView path) override;
   void MakeEmptyFile(TextView path) override;
   void MakeFolder(TextView path) override;
+  void RemoveFolder(TextView path) override;
   void Rename(TextView from, TextView to) override;
   void Remove(TextView pathOrPattern) override;
   std::vector<Text> FileNames(TextView folder, TextView pattern = u"*") override;
   std::vector<Text> FolderNames(TextView folder) override;
+  Text RealPath(TextView path) override;
+  void Sync(TextView folder) override;
   std::vector<Text> Drives() override { return {u"Z:"}; }
   void RemoveAbandoned() override { state_->siblings.RemoveAbandoned(); }
 

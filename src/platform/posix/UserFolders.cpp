@@ -44,6 +44,11 @@ std::string DefaultSettingsFile() {
   return base.empty() ? base : JoinHostPath(base, "tarvo-packager/settings.ini");
 }
 
+std::string DefaultProgramFolder() {
+  const std::string base = BaseFolder("XDG_DATA_HOME", ".local/share");
+  return base.empty() ? base : JoinHostPath(base, "tarvo-packager");
+}
+
 bool MakeFolders(const std::string& hostPath, mode_t mode) {
   struct stat state;
   if (stat(hostPath.c_str(), &state) == 0) {

@@ -17,6 +17,9 @@ std::string DefaultJournalFolder();
 /// $XDG_CONFIG_HOME/tarvo-packager/settings.ini, by default below ~/.config; empty without a home.
 std::string DefaultSettingsFile();
 
+/// $XDG_DATA_HOME/tarvo-packager, by default ~/.local/share/tarvo-packager; empty without a home.
+std::string DefaultProgramFolder();
+
 /// Makes a folder, and what is missing of the folders above it. Gives false, with errno set, when
 /// there is no such folder afterwards.
 bool MakeFolders(const std::string& hostPath, mode_t mode);

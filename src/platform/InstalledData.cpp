@@ -1,0 +1,236 @@
+#include "platform/InstalledData.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <iomanip>
+#include <map>
+#include <sstream>
+
+#include "text/Paths.h"
+#include "text/Utf8.h"
+
+namespace tarvo {
+namespace {
+
+constexpr std::array<TextView, 3> kFoldersOfTheUser = {u"Tarvos", u"ShipTGLs", u"QBMenus"};
+
+/// An installed file when its content was last compared with the user's copy.
+struct Entry {
+  FileStamp Stamp;
+  std::uint64_t Hash = 0;
+
+  friend bool operator==(const Entry&, const Entry&) = default;
+};
+
+/// By paths below the folder, such as "Backup\Galaxy.py".
+using Entries = std::map<Text, Entry>;
+using Stamps = std::map<Text, FileStamp>;
+
+bool IsPlainName(TextView name) {
+  const auto isOdd = [](char16_t unit) { return unit < u' ' || unit == u'*' || unit == u'?'; };
+  return !name.empty() && name != u"." && name != u".." && std::ranges::none_of(name, isOdd);
+}
+
+/// A path of plain names that leads into a folder, and into none of the user's.
+bool IsDataPath(TextView path) {
+  const TextView first = path.substr(0, path.find(u'\\'));
+  const auto isFirst = [&](TextView folder) { return MatchesPattern(first, folder); };
+  if (first == path || std::ranges::any_of(kFoldersOfTheUser, isFirst)) return false;
+  while (true) {
+    const std::size_t end = path.find(u'\\');
+    if (!IsPlainName(path.substr(0, end))) return false;
+    if (end == TextView::npos) return true;
+    path.remove_prefix(end + 1);
+  }
+}
+
+/// The 64-bit FNV-1a hash of a file's bytes.
+std::uint64_t HashOf(Files& files, TextView path) {
+  const auto file = files.Open(path);
+  std::vector<char> block(64 * 1024);
+  std::uint64_t hash = 0xcbf29ce484222325;
+  std::uint64_t position = 0;
+  while (const std::size_t count = file->ReadAt(position, block)) {
+    for (const char byte : std::span(block).first(count)) {
+      hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3;
+    }
+    position += count;
+  }
+  return hash;
+}
+
+std::string RecordText(const Entries& entries) {
+  std::ostringstream text;
+  text << "# What was copied here from the installed program: hash, size, time of change, file.\n";
+  for (const auto& [path, entry] : entries) {
+    text << std::hex << std::setw(16) << std::setfill('0') << entry.Hash << std::dec << ' '
+         << entry.Stamp.Size << ' ' << entry.Stamp.Changed << ' ' << Utf8FromText(path) << '\n';
+  }
+  return text.str();
+}
+
+/// Lines that make no sense are passed over: their files count as the user's.
+Entries ParseRecord(const std::string& record) {
+  Entries entries;
+  std::istringstream lines(record);
+  for (std::string line; std::getline(lines, line);) {
+    std::istringstream fields(line);
+    Entry entry;
+    std::string path;
+    fields >> std::hex >> entry.Hash >> std::dec >> entry.Stamp.Size >> entry.Stamp.Changed;
+    if (!fields || fields.get() != ' ' || !std::getline(fields, path)) continue;
+    if (Text name = TextFromUtf8(path); IsDataPath(name)) entries[std::move(name)] = entry;
+  }
+  return entries;
+}
+
+class Copying {
+ public:
+  Copying(Files& files, TextView source, TextView target)
+      : files_(files), source_(source), target_(target) {}
+
+  std::vector<PlatformError> Run() {
+    // Unless all of it was seen, nothing may count as gone.
+    if (!Try([&] { ListFolders({}); })) return failures_;
+    const bool isRecordKnown = Try([&] { ReadRecord(); });
+    if (isRecordKnown && IsUpToDate()) return failures_;
+    for (const auto& [path, entry] : before_) {
+      if (!installed_.contains(path)) Follow(path, [&] { return RemoveOld(path, entry); });
+    }
+    for (const auto& [path, stamp] : installed_) {
+      Follow(path, [&] { return Refresh(path, stamp); });
+    }
+    if (isRecordKnown && now_ != before_) Try([&] { WriteRecord(); });
+    return failures_;
+  }
+
+ private:
+  template <class Step>
+  bool Try(Step&& step) {
+    try {
+      step();
+      return true;
+    } catch (const PlatformError& error) {
+      failures_.push_back(error);
+      return false;
+    }
+  }
+
+  /// Records what `step` gives for a file. When it fails the record stays, so that the next time
+  /// takes it up again.
+  template <class Step>
+  void Follow(const Text& path, Step&& step) {
+    std::optional<Entry> entry = Known(path);
+    Try([&] { entry = step(); });
+    if (entry) now_[path] = *entry;
+  }
+
+  std::optional<Entry> Known(const Text& path) const {
+    const auto found = before_.find(path);
+    return found == before_.end() ? std::nullopt : std::optional(found->second);
+  }
+
+  Text Source(TextView path) const { return JoinPath(source_, path); }
+  Text Target(TextView path) const { return JoinPath(target_, path); }
+
+  void ListFolders(const Text& below) {
+    const Text folder = below.empty() ? source_ : Source(below);
+    for (const Text& name : files_.FolderNames(folder)) {
+      const Text path = below + name + u"\\";
+      if (!IsDataPath(path + u"file")) continue;
+      for (const Text& file : files_.FileNames(Source(path))) {
+        const auto stamp = files_.Stamp(Source(path + file));
+        if (stamp && IsPlainName(file)) installed_[path + file] = *stamp;
+      }
+      ListFolders(path);
+    }
+  }
+
+  void ReadRecord() {
+    const Text path = Target(kInstalledRecord);
+    if (!files_.FileExists(path)) return;
+    const auto file = files_.Open(path);
+    std::string text(file->Size(), '\0');
+    text.resize(file->ReadAt(0, text));
+    before_ = ParseRecord(text);
+  }
+
+  /// A file of no bytes is what a power cut leaves of a new one.
+  bool IsThere(const Text& path, const FileStamp& installed) {
+    const auto stamp = files_.Stamp(Target(path));
+    return stamp && (stamp->Size != 0 || installed.Size == 0);
+  }
+
+  bool IsUpToDate() {
+    const auto isCurrent = [&](const auto& file) {
+      const std::optional<Entry> entry = Known(file.first);
+      return entry && entry->Stamp == file.second && IsThere(file.first, file.second);
+    };
+    return installed_.size() == before_.size() && std::ranges::all_of(installed_, isCurrent);
+  }
+
+  Entry Refresh(const Text& path, const FileStamp& stamp) {
+    const std::optional<Entry> old = Known(path);
+    const bool isNew = !old || old->Stamp != stamp;
+    const Entry entry{stamp, isNew ? HashOf(files_, Source(path)) : old->Hash};
+    const auto isOutdated = [&] {
+      return old && old->Hash != entry.Hash && HashOf(files_, Target(path)) == old->Hash;
+    };
+    if (!IsThere(path, stamp) || (isNew && isOutdated())) Copy(path);
+    return entry;
+  }
+
+  std::optional<Entry> RemoveOld(const Text& path, const Entry& old) {
+    const Text file = Target(path);
+    if (files_.FileExists(file) && HashOf(files_, file) == old.Hash) files_.Remove(file);
+    return {};
+  }
+
+  void Copy(const Text& path) {
+    MakeFoldersOf(path);
+    const Text from = Source(path);
+    const auto file = files_.Open(from);
+    const auto copy = files_.Replace(Target(path));
+    if (copy->CopyFrom(*file, 0, file->Size()) != file->Size()) {
+      throw PlatformError(u"read", from, EIO);
+    }
+    copy->Commit();
+  }
+
+  void MakeFoldersOf(TextView path) {
+    for (std::size_t end = path.find(u'\\'); end != TextView::npos;
+         end = path.find(u'\\', end + 1)) {
+      const Text folder = Target(path.substr(0, end));
+      if (files_.FolderExists(folder)) continue;
+      try {
+        files_.MakeFolder(folder);
+      } catch (const PlatformError&) {
+        // The other program may have made it in this moment.
+        if (!files_.FolderExists(folder)) throw;
+      }
+    }
+  }
+
+  void WriteRecord() {
+    const auto file = files_.Replace(Target(kInstalledRecord));
+    file->Write(RecordText(now_));
+    file->Commit();
+  }
+
+  Files& files_;
+  Text source_;
+  Text target_;
+  Stamps installed_;
+  Entries before_;
+  Entries now_;
+  std::vector<PlatformError> failures_;
+};
+
+}  // namespace
+
+std::vector<PlatformError> CopyInstalledData(Files& files, TextView source, TextView target) {
+  return Copying(files, source, target).Run();
+}
+
+}  // namespace tarvo

@@ -1,0 +1,172 @@
+#include "shell/frmOptions.h"
+
+#include "controls/Palette.h"
+#include "controls/Placing.h"
+#include "platform/Files.h"
+#include "platform/Guarded.h"
+#include "platform/Settings.h"
+#include "platform/Sound.h"
+#include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
+#include "state/Shell.h"
+#include "state/StartUp.h"
+#include "state/StoredFlag.h"
+
+namespace tarvo {
+namespace {
+
+constexpr TextView kGameFile = u"\\stbc.exe";
+
+/// The root of a drive: "Z:" gives "Z:\".
+Text RootOf(const Text& drive) {
+  return drive.substr(0, 2) + u"\\";
+}
+
+void Place(CheckBox& box, TextView caption, int top) {
+  box.Caption = Text(caption);
+  box.ForeColour = palette::kPeach;
+  box.Move(120, top - 38, 3180, 330);
+}
+
+}  // namespace
+
+frmOptions::frmOptions(Application& app)
+    : Form(Style::Child, app.MainForm),
+      lstDir(this, app.machine.files),
+      lstDrive(this, app.machine.files),
+      Skin(app, u"frmOptions"),
+      app_(app) {
+  HelpPage = u"options.html";
+  LayOut();
+  NameControls();
+  // What stands there as long as no game is known.
+  Guarded([this] { lstDir.SetPath(RootOf(lstDrive.Drive())); });
+  Connect();
+  ShowFolder();
+}
+
+void frmOptions::LayOut() {
+  fraPicture.Move(0, 720, 3105, 2565);
+  fraPicture.BackColour = palette::kPanel;
+  imgPicture.Picture = u":/icon/256.png";
+  imgPicture.Move(593, 323, 1920, 1920);
+  Place(Label1, u"Current Selected Folder for Modifications", 3390, 420, 3360);
+  Place(lstDir, u"Folders", 3390, 720, 3360, 1980);
+  Place(lstDrive, u"Drive", 3390, 2760, 3360);
+  Place(lblHolds, {}, 3390, 3165, 3360);
+  Place(lblFolder, {}, 3390, 3420, 3360);
+  lblFolder.Height = 780;
+  lblFolder.WordWrap = true;
+  Place(chkPacHelper, u"Enable Pac-Man Helper on Startup", 3480);
+  Place(chkSoundFX, u"Enable Sound FX!", 4020);
+  Place(chkVideoFX, u"Enable Video FX!", 4560);
+  Place(lblSave, u"Save Changes", palette::kOrange, 5100, 4230, 1650);
+  Place(lblExit, u"Exit", palette::kViolet, 5100, 4635, 1650);
+}
+
+void frmOptions::NameControls() {
+  Skin.Name(u"imgBorder", imgBorder);
+  Skin.Name(u"imgLongLabel", imgLongLabel);
+  Skin.Name(u"imgBoxL", imgBoxL);
+  Skin.Name(u"imgBoxR", imgBoxR);
+  Skin.Name(u"imgCommandBorder", imgCommandBorder);
+  Skin.Name(u"imgCommand", {{&lblSave}, {&lblExit}});
+  Skin.NameSurface(u"imgCommandBorder", imgCommandBorder);
+}
+
+void frmOptions::Load() {
+  Skin.Load();
+  const auto show = [this](CheckBox& box, TextView key, TextView fallback) {
+    box.Checked = StoredFlag(app_.machine.settings.Read(kSettingsApplication, kSettingsSection, key,
+                                                        fallback))
+                      .value_or(false);
+  };
+  show(chkPacHelper, u"PacHelper", u"0");
+  show(chkSoundFX, u"SoundFX", u"1");
+  show(chkVideoFX, u"VideoFX", u"1");
+  app_.shell->ShowStatus(u"Adjust your Tarvo Packager Options here...");
+  Move(1180, 1740, 6900, 0);
+  if (app_.State.PacHelper) {
+    app_.dialogue.PacMsg(u"Adjust your Tarvo Packager Options here!!!", Title::Information);
+  }
+  Guarded([this] { lstDrive.SetDrive(app_.State.GamePath.substr(0, 2)); });
+  Guarded([this] { lstDir.SetPath(app_.State.GamePath); });
+}
+
+void frmOptions::Unload() {
+  app_.shell->WorkScreenClosed();
+}
+
+void frmOptions::Connect() {
+  const auto click = [this] { PlayEffect(app_, u"Click.wav", kPlayUnlessBusy); };
+  lstDrive.OnChange = [this, click] {
+    click();
+    Guarded([this] { lstDir.SetPath(RootOf(lstDrive.Drive())); });
+  };
+  lstDir.OnChange = [this, click] {
+    click();
+    ShowFolder();
+  };
+  lstDir.OnClick = [this] { ShowFolder(); };
+  for (CheckBox* box : {&chkPacHelper, &chkSoundFX, &chkVideoFX}) box->OnClick = click;
+  lblSave.OnClick = [this] { Save(); };
+  lblExit.OnClick = [this, click] {
+    click();
+    app_.screens.Close(*this);
+  };
+  Load_Timer.OnTimer = [this] { Unroll(*this, Load_Timer, 5055); };
+}
+
+void frmOptions::ShowFolder() {
+  const Text folder = lstDir.ListedFolder();
+  const bool holdsGame = app_.machine.files.FileExists(folder + Text(kGameFile));
+  lblHolds.Caption =
+      holdsGame ? u"The game is in this folder:" : u"The game is not in this folder:";
+  lblHolds.ForeColour = holdsGame ? palette::kBlue : palette::kOrange;
+  lblFolder.Caption = folder;
+}
+
+void frmOptions::Save() {
+  PlayEffect(app_, u"CommandBeep.wav", kPlayUnlessBusy);
+  const Text folder = lstDir.ListedFolder();
+  if (CheckFile(app_, folder + Text(kGameFile)) != kFileOk) {
+    app_.dialogue.PacMsg(u"This is not a Valid Bridge Commander Folder to edit!!!",
+                         Title::Critical);
+    return;
+  }
+  if (!Store(folder)) return;
+  app_.dialogue.PacMsg(u"Your Settings have been saved!", Title::Information);
+  Application& app = app_;
+  app.screens.Close(*this);
+  StartUpSequence(app);
+}
+
+/// Each setting takes effect as soon as it is stored. Gives true when all of them are.
+bool frmOptions::Store(const Text& folder) {
+  Text done;
+  const auto write = [&](TextView key, const Text& value, TextView words) {
+    app_.machine.settings.Write(kSettingsApplication, kSettingsSection, key, value);
+    done += u"\r\n" + Text(words);
+  };
+  const auto writeFlag = [&](TextView key, const CheckBox& box, bool& field) {
+    write(key, box.Checked ? u"1" : u"0", box.Caption.Get());
+    field = box.Checked;
+  };
+  AppState& state = app_.State;
+  try {
+    write(u"GamePath", folder, Label1.Caption.Get());
+    state.GamePath = folder;
+    writeFlag(u"PacHelper", chkPacHelper, state.PacHelper);
+    writeFlag(u"SoundFX", chkSoundFX, state.SoundFX);
+    writeFlag(u"VideoFX", chkVideoFX, state.VideoFX);
+    return true;
+  } catch (const PlatformError& error) {
+    app_.dialogue.PacMsg(
+        u"Your Settings could not be saved: " + Words(error) + u"\r\n\r\n" +
+            (done.empty() ? u"Nothing has changed." : u"Only this has been saved:" + done),
+        Title::Critical);
+    return false;
+  }
+}
+
+}  // namespace tarvo

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "controls/Button.h"
+#include "controls/CheckBox.h"
+#include "controls/DirListBox.h"
+#include "controls/DriveListBox.h"
+#include "controls/Form.h"
+#include "controls/Frame.h"
+#include "controls/Image.h"
+#include "controls/Label.h"
+#include "controls/Timer.h"
+#include "skin/ScreenSkin.h"
+#include "state/Application.h"
+
+namespace tarvo {
+
+/// The screen on which the user picks the game's folder and switches the assistant, the sounds and
+/// the video loops. Nothing takes effect before Save.
+class frmOptions : public Form {
+ public:
+  explicit frmOptions(Application& app);
+
+  void Load() override;
+  void Unload() override;
+
+  // Behind the controls.
+  Image imgBorder{this}, imgLongLabel{this}, imgBoxL{this}, imgBoxR{this}, imgCommandBorder{this};
+
+  Frame fraPicture{this};
+  Image imgPicture{&fraPicture};
+  Label Label1{this};
+  DirListBox lstDir;
+  DriveListBox lstDrive;
+  Label lblFolder{this};  ///< The folder that Save would take,
+  Label lblHolds{this};   ///< and whether it would.
+  CheckBox chkPacHelper{this}, chkSoundFX{this}, chkVideoFX{this};
+  Button lblSave{this}, lblExit{this};
+  Timer Load_Timer{this, 15};
+  ScreenSkin Skin;
+
+  /// Stores what the screen shows, and closes it. A folder without the game changes nothing. A
+  /// setting that can't be stored ends it, and what was stored before that stands; both are told.
+  void Save();
+
+ private:
+  void LayOut();
+  void NameControls();
+  void Connect();
+  void ShowFolder();
+  bool Store(const Text& folder);
+
+  Application& app_;
+};
+
+}  // namespace tarvo

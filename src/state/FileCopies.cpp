@@ -1,0 +1,42 @@
+#include "state/FileCopies.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace tarvo {
+
+void CopyOneFile(Files& files, TextView from, TextView to) {
+  const auto source = files.Open(from);
+  const auto target = files.Replace(to);
+  target->CopyFrom(*source, 0, source->Size());
+  target->Commit();
+}
+
+bool SameBytes(Files& files, TextView a, TextView b) {
+  constexpr std::size_t kBlock = 64 * 1024;
+  const auto first = files.Open(a);
+  const auto second = files.Open(b);
+  const std::uint64_t size = first->Size();
+  if (second->Size() != size) return false;
+  std::vector<char> block(std::min<std::uint64_t>(size, kBlock));
+  std::vector<char> other(block.size());
+  for (std::uint64_t at = 0; at < size;) {
+    const std::size_t count = first->ReadAt(at, block);
+    if (count == 0 || second->ReadAt(at, other) != count) return false;
+    if (!std::equal(block.begin(), block.begin() + static_cast<std::ptrdiff_t>(count),
+                    other.begin())) {
+      return false;
+    }
+    at += count;
+  }
+  return true;
+}
+
+void MakeFolders(Files& files, const Text& folder) {
+  if (files.FolderExists(folder)) return;
+  const std::size_t slash = folder.rfind(u'\\');
+  if (slash != Text::npos) MakeFolders(files, folder.substr(0, slash));
+  files.MakeFolder(folder);
+}
+
+}  // namespace tarvo

@@ -1,0 +1,79 @@
+#include "state/Foundation.h"
+
+#include "platform/Files.h"
+#include "platform/Guarded.h"
+#include "platform/Sound.h"
+#include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
+#include "state/Shell.h"
+
+namespace tarvo {
+namespace {
+
+/// Its presence tells that the game has Foundation.
+constexpr TextView kMarker = u"\\scripts\\Custom\\FoundationConfig.py";
+
+/// The scripts of Foundation, without their endings.
+constexpr TextView kScripts[] = {
+    u"\\scripts\\Foundation",
+    u"\\scripts\\FoundationMenu",
+    u"\\scripts\\LoadBridge",
+    u"\\scripts\\loadspacehelper",
+    u"\\scripts\\LoadTacticalSounds",
+    u"\\scripts\\Registry",
+    u"\\scripts\\StaticDefs",
+    u"\\scripts\\Icons\\ShipIcons",
+    u"\\scripts\\QuickBattle\\QuickBattle",
+    u"\\scripts\\Tactical\\Interface\\ShieldsDisplay",
+    u"\\scripts\\Tactical\\Interface\\WeaponsDisplay",
+    u"\\scripts\\MainMenu\\mainmenu",
+    u"\\scripts\\Custom\\FoundationConfig",
+    u"\\scripts\\AI\\FoundationAI",
+    u"\\scripts\\AI\\Compound\\BasicAttack",
+    u"\\scripts\\Systems\\FoundationUtils",
+};
+
+/// Throws unless there is something to install, and a game for it.
+void CheckCopyStands(Application& app, const Text& copy) {
+  if (app.State.GamePath.empty()) {
+    throw RaisedError(u"InstallFoundation", u"Foundation isn't installed: no game is known");
+  }
+  if (!app.machine.files.FolderNames(copy).empty()) return;
+  throw RaisedError(u"InstallFoundation",
+                    u"Foundation isn't installed: there is no folder in " + copy);
+}
+
+/// Makes way for the new script.
+void PrepareScript(Application& app, const Text& copy, TextView script) {
+  Files& files = app.machine.files;
+  const Text name = app.State.GamePath + Text(script);
+  const bool comes = files.FileExists(copy + Text(script) + u".py");
+  ClearReadOnly(app, name + u".py");
+  if (comes || files.FileExists(name + u".py")) Guarded([&] { files.Remove(name + u".pyc"); });
+}
+
+}  // namespace
+
+void TestFoundation(Application& app) {
+  if (CheckFile(app, app.State.GamePath + Text(kMarker)) == kFileOk) return;
+  PlayEffect(app, u"CriticalError.wav", kPlayToEnd);
+  app.dialogue.PacMsg(u"The Newest Foundation System is not installed!!!", Title::Critical);
+  PlayEffect(app, u"Question.wav", kPlay);
+  if (app.dialogue.PacInput(u"Install Foundation Now?", Title::Question) == u"Yes") {
+    InstallFoundation(app);
+    app.dialogue.PacMsg(u"Foundation System has been installed!!!", Title::Information);
+  } else {
+    app.dialogue.PacMsg(u"OK Then, Please Select a Copy of BC that has Foundation Installed",
+                        Title::Information);
+    app.shell->ShowOptions();
+  }
+}
+
+void InstallFoundation(Application& app) {
+  const Text copy = app.ProgramFolder + u"\\Foundation";
+  if (!NotingFailures(app, [&] { CheckCopyStands(app, copy); })) return;
+  for (const TextView script : kScripts) PrepareScript(app, copy, script);
+  CopyFolders(app, copy + u"\\*", app.State.GamePath, kMarker);
+}
+
+}  // namespace tarvo

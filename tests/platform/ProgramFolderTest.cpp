@@ -1,0 +1,104 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "platform/posix/PosixFiles.h"
+#include "platform/posix/ProgramFolder.h"
+#include "support/TemporaryFolder.h"
+
+namespace tarvo::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Where the data lies, and whether the program's own folder can be written.
+struct Layout {
+  bool Beside;
+  bool Installed;
+  bool Writable;
+  const char16_t* Expected;  ///< The program folder.
+  const char* Template;      ///< The data there; nothing when none is copied.
+};
+
+constexpr Layout kLayouts[] = {
+    {true, false, true, u"bin", "own"},
+    {true, true, true, u"bin", "own"},
+    {false, false, true, u"bin", nullptr},
+    {false, true, true, u"home\\data\\tarvo-packager", "installed"},
+    {false, true, false, u"home\\data\\tarvo-packager", "installed"},
+    {true, false, false, u"home\\data\\tarvo-packager", "own"},
+};
+
+class ProgramFolderTest : public testing::Test {
+ protected:
+  /// As somebody who isn't root, who may write anywhere.
+  FoundProgramFolder Open(const std::string& userData) {
+    const bool isRoot = geteuid() == 0;
+    EXPECT_EQ(isRoot ? seteuid(65534) : 0, 0);
+    FoundProgramFolder found = OpenProgramFolderAt(files, folder.Host("bin"), userData);
+    EXPECT_EQ(isRoot ? seteuid(0) : 0, 0);
+    return found;
+  }
+
+  void Put(const Layout& layout) {
+    for (const char* name : {"bin", "share", "home"}) fs::remove_all(folder.Host(name));
+    folder.Put("bin/tarvo", "program");
+    if (layout.Beside) folder.Put("bin/Backup/Galaxy.py", "own");
+    if (layout.Installed) folder.Put("share/tarvo-packager/Backup/Galaxy.py", "installed");
+    fs::create_directory(folder.Host("home"));
+    fs::permissions(folder.Host("home"), fs::perms::all);
+    fs::permissions(folder.Host("bin"), fs::perms(layout.Writable ? 0777 : 0555));
+  }
+
+  TemporaryFolder folder;
+  PosixFiles files{""};
+};
+
+TEST_F(ProgramFolderTest, LiesWhereTheDataCanBeWritten) {
+  for (const Layout& layout : kLayouts) {
+    SCOPED_TRACE(&layout - kLayouts);
+    Put(layout);
+    const FoundProgramFolder found = Open(folder.Host("home/data/tarvo-packager"));
+    EXPECT_EQ(FailureWords(found), u"");
+    EXPECT_EQ(found.Path, folder.Game(layout.Expected));
+    const std::string copied = files.HostPath(found.Path + u"\\Backup\\Galaxy.py");
+    ASSERT_EQ(fs::exists(copied), layout.Template != nullptr);
+    if (layout.Template) {
+      EXPECT_EQ(folder.Get(fs::relative(copied, folder.Host()).string()), layout.Template);
+    }
+    EXPECT_FALSE(fs::exists(folder.Host("home/data/tarvo-packager/tarvo")));
+  }
+}
+
+TEST_F(ProgramFolderTest, TellsThatTheUserHasNoPlaceForIt) {
+  Put(kLayouts[3]);
+  const FoundProgramFolder homeless = Open("");
+  EXPECT_EQ(homeless.Path, folder.Game(u"share\\tarvo-packager"));
+  EXPECT_EQ(homeless.Failures.size(), 1u);
+  folder.Put("home/data", "a file");
+  const FoundProgramFolder blocked = Open(folder.Host("home/data/tarvo-packager"));
+  EXPECT_EQ(FailureWords(blocked),
+            u"The program's own files couldn't be brought up to date. Can't make folder " +
+                folder.Game(u"home\\data\\tarvo-packager") + u": Not a directory");
+}
+
+TEST_F(ProgramFolderTest, CopiesNoFoldersButTheData) {
+  Put({false, false, true, u"", nullptr});
+  folder.Put("bin/Photographs/mine", "private");
+  fs::permissions(folder.Host("bin"), fs::perms(0555));
+  const FoundProgramFolder found = Open(folder.Host("home/data/tarvo-packager"));
+  EXPECT_EQ(found.Path, folder.Game(u"home\\data\\tarvo-packager"));
+  EXPECT_EQ(found.Failures.size(), 1u);
+  EXPECT_TRUE(fs::is_empty(folder.Host("home/data/tarvo-packager")));
+}
+
+TEST_F(ProgramFolderTest, ServesAsItsOwnCopyWhereItWasInstalledIntoTheUsersFolder) {
+  Put(kLayouts[3]);
+  const FoundProgramFolder found = Open(folder.Host("share/tarvo-packager"));
+  EXPECT_EQ(found.Path, folder.Game(u"share\\tarvo-packager"));
+  EXPECT_FALSE(fs::exists(folder.Host("share/tarvo-packager/.installed")));
+}
+
+}  // namespace
+}  // namespace tarvo::test
