@@ -23,7 +23,7 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 constexpr int kRate = 44100;
-constexpr int kSamplesAtOnce = 1024;
+constexpr int kSamplesAtOnce = 2048;
 constexpr std::uint64_t kLargestFile = 64 << 20;
 constexpr auto kLook = 5ms;            ///< How often a sound that plays is asked for its end.
 constexpr auto kTail = 30ms;           ///< What is mixed but not heard yet at that end.

@@ -23,22 +23,22 @@ const QColor kDeepViolet(96, 38, 112);
 const QColor kQuietBlue(28, 28, 58);  ///< Under captions in peach.
 const QColor kQuietViolet(40, 26, 46);
 
-/// Captions on the rows of the tree are black at rest and white under the pointer: these grounds
-/// lie between the two.
+/// Captions on the open tab and on the rows of the tree may be black or white: these grounds lie
+/// between the two.
+const QColor kDeepOrange(222, 112, 10);
 const QColor kRowViolet(172, 104, 190);
-const QColor kRowOrange(222, 112, 10);
 const QColor kRowBlue(106, 110, 220);
 
 const std::vector<SkinPicture>& Table() {
   static const std::vector<SkinPicture> table{
       {"ButtonMenu", 96, 24, Pill(kOrange)},
-      {"ButtonMenu_Over", 96, 24, OpenPill(kOrange, kNight, 7)},
+      {"ButtonMenu_Over", 96, 24, OpenPill(kOrange, kNight, 5)},
       {"ButtonBlue", 110, 23, Pill(kBlue)},
       {"ButtonBlue_Over", 110, 23, OpenPill(kBlue, kDeepBlue, 4)},
       {"ButtonTab", 95, 23, Tab(kViolet)},
       {"ButtonTab_Over", 95, 23, OpenTab(kViolet, kDeepViolet)},
-      {"ButtonSelected", 95, 30, Tab(kOrange)},
-      {"TabBorder", 460, 8, TabLine(kOrange, kPeach)},
+      {"ButtonSelected", 95, 30, Tab(kDeepOrange)},
+      {"TabBorder", 460, 8, TabLine(kDeepOrange, kPeach)},
       {"LabelBlue", 80, 18, Heading(kBlue, kQuietBlue)},
       {"LongLabel", 200, 18, Heading(kOrange, kQuietBlue)},
       {"BorderLeft", 12, 200, Bracket(Side::Left, kViolet)},
@@ -53,9 +53,9 @@ const std::vector<SkinPicture>& Table() {
       {"ArrowD", 24, 24, Arrow(Down, kPeach, kInk)},
       {"ArrowD_Over", 24, 24, OpenArrow(Down, kPeach, kQuietViolet)},
       {"QBMenu", 150, 18, Row(kRowViolet, Sign::Closed, kInk)},
-      {"QBMenu_Open", 150, 18, Row(kRowOrange, Sign::Open, kInk)},
+      {"QBMenu_Open", 150, 18, Row(kDeepOrange, Sign::Open, kInk)},
       {"QBShip", 147, 18, Row(kRowBlue, Sign::Dot, kInk)},
-      {"QBShip_Selected", 147, 18, LitRow(kRowOrange, kPeach)},
+      {"QBShip_Selected", 147, 18, LitRow(kDeepOrange, kPeach)},
       {"MainMenu", 640, 96, MenuGround(0)},
       {"MainScreen", 639, 386, MenuGround(88)},
   };

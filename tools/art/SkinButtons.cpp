@@ -119,7 +119,8 @@ Drawing OpenPill(const QColor& colour, const QColor& ground, double end) {
   return [=](QPainter& painter, const QRectF& area) {
     FillRounded(painter, area, Ends(area), colour);
     const QRectF inside = area.adjusted(end, kRim, -end, -kRim);
-    FillRounded(painter, inside, Ends(inside), ground);
+    painter.setBrush(ground);
+    painter.drawRoundedRect(inside, area.height() / 2 - end, inside.height() / 2);
   };
 }
 
@@ -132,7 +133,7 @@ Drawing Tab(const QColor& colour) {
 Drawing OpenTab(const QColor& colour, const QColor& ground) {
   return [=](QPainter& painter, const QRectF& area) {
     FillRounded(painter, area, Tops(kTabRadius), colour);
-    FillRounded(painter, area.adjusted(5, kRim, -5, -kRim), Tops(kTabRadius - kRim), ground);
+    FillRounded(painter, area.adjusted(4, kRim, -4, -kRim), Tops(kTabRadius - kRim), ground);
   };
 }
 

@@ -127,13 +127,15 @@ Drawing CommandRow(const QColor& colour) {
   };
 }
 
+/// In the upper part: the rest is covered by what stands below the line.
 Drawing TabLine(const QColor& colour, const QColor& end) {
   return [=](QPainter& painter, const QRectF& area) {
-    const double radius = area.height() / 2;
+    const double height = area.height() - 2;
+    const double radius = height / 2;
     const double cut = area.right() - 14;
-    FillRounded(painter, {area.left(), area.top(), cut - 3, area.height()}, {radius, 0, 0, radius},
+    FillRounded(painter, {area.left(), area.top(), cut - 3, height}, {radius, 0, 0, radius},
                 colour);
-    FillRounded(painter, {cut, area.top(), 14, area.height()}, {0, radius, radius, 0}, end);
+    FillRounded(painter, {cut, area.top(), 14, height}, {0, radius, radius, 0}, end);
   };
 }
 

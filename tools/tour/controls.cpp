@@ -133,6 +133,8 @@ void PrintGameTools(Application& app) {
          {"fraQBMenu", tools.fraQBMenu},
          {"imgButtonU", tools.imgButtonU},
          {"imgButtonD", tools.imgButtonD},
+         {"imgButtonL", tools.imgButtonL},
+         {"imgButtonR", tools.imgButtonR},
          {"lblExit", tools.lblExit},
          {"lblExit1", tools.lblExit1},
          {"lblExit2", tools.lblExit2},
