@@ -44,7 +44,7 @@ void PlaceOver(Form& dialog, const Form* owner) {
 
 void PlaceHeading(Label& label, Image& ground, TextView caption, int left, int top, int width) {
   ground.Move(left, top, width, kHeadingHeight);
-  Place(label, caption, left + 150, top, width - 240);
+  Place(label, caption, left + 150, top, width - 180);
 }
 
 void PlaceCommandGround(Image& ground, int left, int commandTop, int width) {

@@ -136,6 +136,8 @@ void frmGameTools::LayOutShipPlugin() {
 
 /// Three columns: a weapon, a sound for it, and the entries made of the two.
 void frmGameTools::LayOutSoundPlugin() {
+  Brackets{imgBoxL[0], imgBoxR[0]}.Place(0, 6900, 15, 3285);
+  PlaceCommandGround(imgCommandBorder[0], 3480, kBottomRow, 3420);
   AddLabel(fraSound, u"File Name", 150, 127, 900);
   Place(cboSoundName, u"File name of the sound plugin", 1050, 90, 5700);
   AddHeading(fraSound, imgLabel[0], u"Weapons", 150, 555, 1650);

@@ -51,9 +51,10 @@ void frmOptions::LayOut() {
   imgPicture.Picture = u":/icon/256.png";
   imgPicture.Move(593, 323, 1920, 1920);
   imgBorder.Move(0, 120, 6900, 120);
-  PlaceHeading(Label1, imgLongLabel, u"Current Selected Folder for Modifications", 3390, 390, 3360);
-  Brackets{imgBoxL, imgBoxR}.Place(3195, 6900, 330, 4110);
-  imgCommandBorder.Move(4950, 4140, 1950, 910);
+  PlaceHeading(Label1, imgLongLabel, u"Current Selected Folder for Modifications", 3390, 390, 3450);
+  Brackets{imgBoxL, imgBoxR}.Place(3195, 6900, 330, 3165);
+  imgCommandBorder[0].Move(4950, 4148, 1950, 450);
+  imgCommandBorder[1].Move(4950, 4598, 1950, 450);
   Place(lstDir, u"Folders", 3390, 720, 3360, 1980);
   Place(lstDrive, u"Drive", 3390, 2760, 3360);
   Place(lblHolds, {}, 3390, 3165, 3360);
@@ -63,8 +64,8 @@ void frmOptions::LayOut() {
   Place(chkPacHelper, u"Enable Pac-Man Helper on Startup", 3480);
   Place(chkSoundFX, u"Enable Sound FX!", 4020);
   Place(chkVideoFX, u"Enable Video FX!", 4560);
-  Place(lblSave, u"Save Changes", palette::kOrange, 5100, 4230, 1650);
-  Place(lblExit, u"Exit", palette::kViolet, 5100, 4635, 1650);
+  Place(lblSave, u"Save Changes", palette::kOrange, 5100, 4200, 1650);
+  Place(lblExit, u"Exit", palette::kViolet, 5100, 4650, 1650);
 }
 
 void frmOptions::NameControls() {
@@ -74,7 +75,7 @@ void frmOptions::NameControls() {
   Skin.Name(u"imgBoxR", imgBoxR);
   Skin.Name(u"imgCommandBorder", imgCommandBorder);
   Skin.Name(u"imgCommand", {{&lblSave}, {&lblExit}});
-  Skin.NameSurface(u"imgCommandBorder", imgCommandBorder);
+  for (Image& border : imgCommandBorder) Skin.NameSurface(u"imgCommandBorder", border);
 }
 
 void frmOptions::Load() {

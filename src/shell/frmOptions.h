@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+
 #include "controls/Button.h"
 #include "controls/CheckBox.h"
 #include "controls/DirListBox.h"
@@ -24,7 +26,8 @@ class frmOptions : public Form {
   void Unload() override;
 
   // Behind the controls.
-  Image imgBorder{this}, imgLongLabel{this}, imgBoxL{this}, imgBoxR{this}, imgCommandBorder{this};
+  Image imgBorder{this}, imgBoxL{this}, imgBoxR{this}, imgLongLabel{this};
+  std::array<Image, 2> imgCommandBorder{Image{this}, Image{this}};
 
   Frame fraPicture{this};
   Image imgPicture{&fraPicture};
