@@ -76,7 +76,8 @@ TEST_F(Skin, EveryNameOfTheTablesIsAControlAndGetsItsPicture) {
   }
   for (const SkinFamily& family : SkinFamilies()) {
     for (const TextView surface : family.Surfaces) {
-      if (!surface.empty()) EXPECT_FALSE(screens.at(family.Screen)->Named(surface).empty());
+      if (surface.empty()) continue;
+      EXPECT_FALSE(screens.at(family.Screen)->Named(surface).empty()) << Utf8FromText(surface);
     }
   }
 }
