@@ -52,13 +52,13 @@ class frmGameTools : public Form {
   Frame fraShipInfo{this}, fraSound{this}, fraMenus{this}, fraIntegrity{this};
 
   // Behind their controls.
-  std::array<Image, 3> imgLongLabel{Image{&fraSound}, Image{&fraShipInfo}, Image{&fraIntegrity}};
-  std::array<Image, 5> imgLabel{Image{&fraSound}, Image{&fraSound}, Image{&fraShipInfo},
-                                Image{&fraMenus}, Image{&fraMenus}};
   std::array<Image, 4> imgBoxL{Image{&fraSound}, Image{&fraShipInfo}, Image{&fraIntegrity},
                                Image{&fraMenus}};
   std::array<Image, 4> imgBoxR{Image{&fraSound}, Image{&fraShipInfo}, Image{&fraIntegrity},
                                Image{&fraMenus}};
+  std::array<Image, 3> imgLongLabel{Image{&fraSound}, Image{&fraShipInfo}, Image{&fraIntegrity}};
+  std::array<Image, 5> imgLabel{Image{&fraSound}, Image{&fraSound}, Image{&fraShipInfo},
+                                Image{&fraMenus}, Image{&fraMenus}};
   std::array<Image, 4> imgCommandBorder{Image{&fraSound}, Image{&fraShipInfo}, Image{&fraIntegrity},
                                         Image{&fraMenus}};
 

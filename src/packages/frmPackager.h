@@ -35,9 +35,9 @@ class frmPackager : public Form {
   Frame fraTarvo{this};
 
   // Behind the controls.
+  Image imgBoxL{&fraTarvo}, imgBoxR{&fraTarvo};
   Image imgLongLabel{&fraTarvo}, imgLabel{&fraTarvo};
   std::array<Image, 3> imgCommandBorder{Image{&fraTarvo}, Image{&fraTarvo}, Image{&fraTarvo}};
-  Image imgBoxL{&fraTarvo}, imgBoxR{&fraTarvo};
 
   Label Label1{&fraTarvo};
   Button lblModels{&fraTarvo}, lblScripts{&fraTarvo}, lblPlugins{&fraTarvo}, lblTGL{&fraTarvo};

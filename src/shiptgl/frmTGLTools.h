@@ -37,9 +37,9 @@ class frmTGLTools : public Form {
   Frame fraShipTGL{this}, fraGameTGL{this};
 
   // Behind the controls.
-  Image imgLabel{&fraShipTGL}, imgLongLabel{&fraGameTGL};
   std::array<Image, 2> imgBoxL{Image{&fraShipTGL}, Image{&fraGameTGL}};
   std::array<Image, 2> imgBoxR{Image{&fraShipTGL}, Image{&fraGameTGL}};
+  Image imgLabel{&fraShipTGL}, imgLongLabel{&fraGameTGL};
   std::array<Image, 2> imgCommandBorder{Image{&fraShipTGL}, Image{&fraGameTGL}};
 
   Label lblShipName{&fraShipTGL};
