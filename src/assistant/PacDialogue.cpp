@@ -2,8 +2,11 @@
 
 #include <optional>
 
+#include "assistant/MessageQueue.h"
+#include "assistant/frmPac_Helper.h"
 #include "assistant/frmPac_InputBox.h"
 #include "platform/Windows.h"
+#include "state/Shell.h"
 
 namespace tarvo {
 namespace {
@@ -19,37 +22,113 @@ std::optional<BoxIcon> IconOf(Title title) {
     case Title::Critical:
       return BoxIcon::Critical;
     case Title::None:
+    case Title::Mad:
       break;
   }
   return {};
 }
 
+void ShowBox(Application& app, TextView text, Title title) {
+  if (const auto icon = IconOf(title)) {
+    app.machine.windows.ShowMessage(text, u"Tarvo Packager", *icon);
+  }
+}
+
 }  // namespace
 
 void PacDialogue::PacMsg(TextView text, Title title) {
-  if (const auto icon = IconOf(title)) {
-    app_.machine.windows.ShowMessage(text, u"Tarvo Packager", *icon);
+  AppState& state = app_.State;
+  if (!state.PacHelper) return ShowBox(app_, text, title);
+  auto& helper = app_.Screen<frmPac_Helper>();
+  if (helper.HasLeft()) {
+    helper.PacWalkIn();
+    if (const Message first = TakeMessage(state); !first.Text.empty()) Begin(first);
+  }
+  const Message message{Text(text), title, state.PacAsking};
+  const bool free = state.PacState == PacActivity::Idle && state.PacQueue[0].empty();
+  // A question is never left out: its dialog waits for it.
+  const bool isBeingSaid = state.PacState == PacActivity::Talk && !message.IsQuestion &&
+                           text == helper.lblPac_Label.Caption.Get();
+  if (free || state.PacSpeech.empty()) {
+    Begin(message);
+  } else if (!isBeingSaid) {
+    AppendMessage(state, message);
   }
 }
 
 Text PacDialogue::PacInput(TextView text, Title title) {
-  app_.State.PacAnswer.clear();
+  if (app_.State.PacHelper) {
+    const auto* helper = app_.screens.Find<frmPac_Helper>();
+    if (helper && text == helper->lblPac_Label.Caption.Get()) return {};
+  }
+  Announce(text, title);
   auto& dialog = app_.Screen<frmPac_InputBox>();
   dialog.LayOutQuestion(text, title);
   app_.screens.RunModal(dialog);
   return app_.State.PacAnswer;
 }
 
-Text PacDialogue::PacAskText(TextView text, Title) {
-  app_.State.PacAnswer.clear();
+Text PacDialogue::PacAskText(TextView text, Title title) {
+  Announce(text, title);
   auto& dialog = app_.Screen<frmPac_InputBox>();
-  dialog.lblInput.Caption = Text(text);
+  dialog.LayOutRequest(text);
   app_.screens.RunModal(dialog);
   return app_.State.PacAnswer;
 }
 
 void PacDialogue::PacSetButtons(TextView yesCaption, TextView noCaption) {
   app_.State.PacButtonCaptions = {Text(yesCaption), Text(noCaption)};
+}
+
+void PacDialogue::PacStart() {
+  auto& helper = app_.Screen<frmPac_Helper>();
+  app_.State.PacExiting = false;
+  if (!app_.State.PacHelper) return;
+  helper.PacWalkIn();
+  PacMsg(u"Hi There I'm Pac-Man!!!  I will help you with this Program!", Title::Information);
+}
+
+void PacDialogue::PacNextMessage() {
+  AppState& state = app_.State;
+  if (state.PacQueue[0].empty() || state.PacState != PacActivity::Idle) return;
+  const Message first = TakeMessage(state);
+  if (!state.PacHelper) return ShowWaiting(first);
+  if (first.Text == kGoodBye) state.PacExiting = true;
+  Begin(first);
+}
+
+/// Hands the words of the dialog that opens next to the figure.
+void PacDialogue::Announce(TextView text, Title title) {
+  app_.State.PacAnswer.clear();
+  if (!app_.State.PacHelper) return;
+  app_.State.PacAsking = true;
+  PacMsg(text, title);
+  app_.State.PacAsking = false;
+}
+
+/// The figure walks to its place and speaks. One that stands there takes the last step again.
+void PacDialogue::Begin(const Message& message) {
+  AppState& state = app_.State;
+  state.PacSpeech = message.Text;
+  state.PacTitles[0] = message.Title;
+  state.PacPrompts[0] = message.IsQuestion;
+  app_.Screen<frmPac_Helper>().StepBack();
+  PacEnableDialog();
+}
+
+/// Lets the user answer as soon as the figure has got to the question. No other message follows
+/// until he has.
+void PacDialogue::PacEnableDialog() {
+  if (!app_.State.PacPrompts[0]) return;
+  app_.shell->RunMessageTimer(false);
+  app_.Screen<frmPac_InputBox>().Wake();
+}
+
+/// A message that waited when the assistant was switched off. Its box holds up those behind it.
+void PacDialogue::ShowWaiting(const Message& message) {
+  app_.shell->RunMessageTimer(false);
+  ShowBox(app_, message.Text, message.Title);
+  app_.shell->RunMessageTimer(true);
 }
 
 }  // namespace tarvo

@@ -5,7 +5,10 @@
 
 namespace tarvo {
 
-/// The dialogue of the desktop program: message boxes and the dialog frmPac_InputBox.
+struct Message;
+
+/// The dialogue of the desktop program: message boxes and the dialog frmPac_InputBox, or with the
+/// assistant on its figure, which speaks one message after the other.
 class PacDialogue : public Dialogue {
  public:
   /// `app` is made with a reference to this object, so it may still be under way here.
@@ -15,8 +18,15 @@ class PacDialogue : public Dialogue {
   Text PacInput(TextView text, Title title) override;
   Text PacAskText(TextView text, Title title) override;
   void PacSetButtons(TextView yesCaption, TextView noCaption) override;
+  void PacStart() override;
+  void PacNextMessage() override;
 
  private:
+  void Announce(TextView text, Title title);
+  void Begin(const Message& message);
+  void PacEnableDialog();
+  void ShowWaiting(const Message& message);
+
   Application& app_;
 };
 

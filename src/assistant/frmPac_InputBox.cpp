@@ -1,8 +1,13 @@
 #include "assistant/frmPac_InputBox.h"
 
+#include <algorithm>
+
+#include "assistant/frmPac_Helper.h"
 #include "controls/Palette.h"
 #include "platform/Sound.h"
+#include "platform/Windows.h"
 #include "state/CommonUtilities.h"
+#include "state/Shell.h"
 
 namespace tarvo {
 namespace {
@@ -11,6 +16,9 @@ namespace {
 constexpr int kPageHeight = 1800;
 
 constexpr Colour kButtonColour{128, 128, 255};
+
+/// Room for what the desktop draws around a window, in twips.
+constexpr int kWindowFrame = 450;
 
 }  // namespace
 
@@ -40,7 +48,9 @@ void frmPac_InputBox::LayOut() {
     button->BackColour = kButtonColour;
     button->Enabled = false;
   }
-  cmdAll.Visible = false;
+  // The Yes/No page is out of sight, and so it stays for the keyboard and in a higher dialog.
+  for (Button* button : {&cmdYes, &cmdNo, &cmdAll}) button->Visible = false;
+  Shape2.Visible = false;
   Shape1.ForeColour = palette::kPeach;
   Shape2.ForeColour = palette::kPeach;
   lblInput.ForeColour = kWhite;
@@ -75,28 +85,56 @@ void frmPac_InputBox::Answer(Button& button, const std::function<Text()>& answer
 }
 
 void frmPac_InputBox::Load() {
-  if (const Form* main = app_.MainForm) {
-    Top = main->Top + main->Height / 3;
-    Left = main->Left + main->Width / 3;
-    BackColour = main->BackColour.Get();
-  }
-  for (Button* button : {&cmdOk, &cmdCancel, &cmdYes, &cmdNo, &cmdAll}) button->Enabled = true;
   TargetWidth_ = static_cast<float>(Width - 70);
+  app_.State.PacHelper ? HangBelowHelper() : StandOverMain();
   Width = 0;
   if (!app_.State.PacButtonCaptions[0].empty()) cmdYes.Caption = app_.State.PacButtonCaptions[0];
   if (!app_.State.PacButtonCaptions[1].empty()) cmdNo.Caption = app_.State.PacButtonCaptions[1];
 }
 
+void frmPac_InputBox::StandOverMain() {
+  if (const Form* main = app_.MainForm) {
+    Top = main->Top + main->Height / 3;
+    Left = main->Left + main->Width / 3;
+    BackColour = main->BackColour.Get();
+  }
+  Wake();
+}
+
+void frmPac_InputBox::HangBelowHelper() {
+  auto& helper = app_.Screen<frmPac_Helper>();
+  hangs_ = true;
+  Left = helper.Left + 50;
+  Top = helper.Top + helper.Height;
+  helperGrowth_ = Height + 50;
+  helper.Grow(helperGrowth_);
+  KeepOnScreen();
+}
+
+void frmPac_InputBox::KeepOnScreen() {
+  if (!hangs_) return;
+  const int width = static_cast<int>(TargetWidth_) + kWindowFrame;
+  const TwipArea screen = app_.machine.windows.ScreenAt(Left, Top);
+  Left = std::max(screen.Left, std::min<int>(Left, screen.Left + screen.Width - width));
+  const int lowest = screen.Top + screen.Height - Height - kWindowFrame;
+  Top = std::max(screen.Top, std::min<int>(Top, lowest));
+}
+
+void frmPac_InputBox::Wake() {
+  for (Button* button : {&cmdOk, &cmdCancel, &cmdYes, &cmdNo, &cmdAll}) button->Enabled = true;
+  if (cmdYes.Visible) cmdYes.SetFocus();
+}
+
 void frmPac_InputBox::LayOutQuestion(TextView question, Title title) {
-  Height = Height + 50;
+  Grow(50);
   for (Control* control : {static_cast<Control*>(&Shape1), static_cast<Control*>(&txtInputBox),
                            static_cast<Control*>(&cmdOk), static_cast<Control*>(&cmdCancel)}) {
     control->Visible = false;
   }
-  lblInput.Caption = Text(question);
   for (Control* control : {static_cast<Control*>(&Shape2), static_cast<Control*>(&cmdYes),
                            static_cast<Control*>(&cmdNo)}) {
     control->Top = control->Top - kPageHeight;
+    control->Visible = true;
   }
   DefaultButton = nullptr;
   CancelButton = &cmdNo;
@@ -107,10 +145,47 @@ void frmPac_InputBox::LayOutQuestion(TextView question, Title title) {
     cmdAll.Top = cmdNo.Top;
     cmdAll.Visible = true;
   }
+  ShowWords(question, lblInput.Height);
+}
+
+void frmPac_InputBox::LayOutRequest(TextView request) {
+  ShowWords(request, txtInputBox.Top - lblInput.Top);
+}
+
+/// Makes the dialog higher, and with it the window that it hangs below.
+void frmPac_InputBox::Grow(int twips) {
+  Height = Height + twips;
+  auto* helper = app_.screens.Find<frmPac_Helper>();
+  if (!hangs_ || !helper) return;
+  helperGrowth_ += twips;
+  helper->Grow(twips);
+}
+
+/// Where the words need more than the room of that height, all below them moves down.
+void frmPac_InputBox::ShowWords(TextView words, int room) {
+  lblInput.Caption = Text(words);
+  const int more = std::max(0, app_.screens.Host().TextHeight(lblInput) - room);
+  Grow(more);
+  lblInput.Height = lblInput.Height + more;
+  for (Shape* page : {&Shape1, &Shape2}) page->Height = page->Height + more;
+  for (Control* control : {static_cast<Control*>(&txtInputBox), static_cast<Control*>(&cmdOk),
+                           static_cast<Control*>(&cmdCancel), static_cast<Control*>(&cmdYes),
+                           static_cast<Control*>(&cmdNo), static_cast<Control*>(&cmdAll)}) {
+    control->Top = control->Top + more;
+  }
+  KeepOnScreen();
 }
 
 void frmPac_InputBox::Unload() {
-  app_.State.PacButtonCaptions = {};
+  AppState& state = app_.State;
+  state.PacButtonCaptions = {};
+  state.PacPrompts[0] = false;
+  if (auto* helper = app_.screens.Find<frmPac_Helper>()) {
+    if (hangs_) helper->Grow(-helperGrowth_);
+    helper->PacHideBubble();
+  }
+  state.PacTalkTicks = kPacSpoken;
+  app_.shell->RunMessageTimer(true);
 }
 
 }  // namespace tarvo

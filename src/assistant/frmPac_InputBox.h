@@ -23,6 +23,13 @@ class frmPac_InputBox : public Form {
   /// Brings the Yes/No page in place of the text page; a Warning offers "Yes to All" too.
   void LayOutQuestion(TextView question, Title title);
 
+  /// The text page with these words over the line to type in.
+  void LayOutRequest(TextView request);
+
+  /// Switches the buttons on. With the assistant on they wait for its figure to get to the
+  /// question.
+  void Wake();
+
   Shape Shape1{this};
   Label lblInput{this};
   TextBox txtInputBox{this};
@@ -35,9 +42,16 @@ class frmPac_InputBox : public Form {
   void LayOut();
   void Connect();
   void Answer(Button& button, const std::function<Text()>& answer);
+  void StandOverMain();
+  void HangBelowHelper();
+  void Grow(int twips);
+  void ShowWords(TextView words, int room);
+  void KeepOnScreen();
 
   Application& app_;
   float TargetWidth_ = 0;  ///< The width that the dialog opens to.
+  bool hangs_ = false;     ///< Below the assistant's window.
+  int helperGrowth_ = 0;   ///< What that window has grown by.
 };
 
 }  // namespace tarvo

@@ -43,6 +43,7 @@ void ConsoleDialogue::PacMsg(TextView text, Title title) {
       Tell(u"Critical", text, true);
       break;
     case Title::None:
+    case Title::Mad:
       break;
   }
 }

@@ -12,7 +12,7 @@ Session::Session(SessionDoors doors, const SessionOptions& options, std::ostream
                  std::ostream& words, std::function<std::optional<std::string>()> readLine)
     : output(results, words, options.Json, options.Quiet),
       dialogue(output, options.Answer, std::move(readLine)),
-      app({doors.files, doors.settings, doors.registry, *this, doors.locale, doors.clock, dialogue},
+      app({doors.files, doors.settings, doors.registry, *this, *this, doors.locale, doors.clock, dialogue},
           *this, dialogue, options.ProgramFolder),
       showsProgress_(options.Terminal && !options.Quiet) {
   app.shell = this;

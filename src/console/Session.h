@@ -6,6 +6,7 @@
 #include "console/ConsoleDialogue.h"
 #include "console/Output.h"
 #include "platform/Sound.h"
+#include "platform/Video.h"
 #include "state/Application.h"
 #include "state/Shell.h"
 
@@ -30,9 +31,13 @@ struct SessionDoors {
   Clock& clock;
 };
 
-/// One run of the console tool: the application with no window, no sound, and its dialogue on the
-/// terminal.
-class Session : private FormHost, private Shell, private Sound, private ControlObserver {
+/// One run of the console tool: the application with no window, no sound, no video, and its
+/// dialogue on the terminal.
+class Session : private FormHost,
+                private Shell,
+                private Sound,
+                private Video,
+                private ControlObserver {
  public:
   Session(SessionDoors doors, const SessionOptions& options, std::ostream& results,
           std::ostream& words, std::function<std::optional<std::string>()> readLine);
@@ -76,7 +81,12 @@ class Session : private FormHost, private Shell, private Sound, private ControlO
   void ShowOptions() override {}
   void SettleGame() override {}  // The user has named the game, or it was found.
   void WorkScreenClosed() override {}
+  void RunMessageTimer(bool) override {}
   void Play(TextView, unsigned) override {}
+  std::unique_ptr<VideoOpening> Open(TextView, int, int,
+                                     std::function<void(VideoPictures)>) override {
+    return nullptr;  // Nothing asks: there is no view.
+  }
   void ControlChanged(Control& control) override;
   void ControlRefreshed(Control& control) override { ControlChanged(control); }
   void ControlFocused(Control&) override {}

@@ -162,6 +162,7 @@ class Frame;
 class Image;
 class Label;
 class ListBox;
+class MediaPlayer;
 class ProgressBar;
 class RowPanel;
 class Shape;
@@ -184,6 +185,7 @@ class ControlVisitor {
   virtual void Visit(Image& control) = 0;
   virtual void Visit(Label& control) = 0;
   virtual void Visit(ListBox& control) = 0;
+  virtual void Visit(MediaPlayer& control) = 0;
   virtual void Visit(ProgressBar& control) = 0;
   virtual void Visit(RowPanel& control) = 0;
   virtual void Visit(Shape& control) = 0;

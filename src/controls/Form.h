@@ -33,6 +33,9 @@ class Form : public Control {
   /// The manual's page on the form, such as "options.html"; empty for none of its own.
   Property<Text> HelpPage{*this, {}};
 
+  /// A Window that leaves the keyboard where it is when it is shown. To be set before that.
+  bool LeavesKeyboard = false;
+
   Style Kind() const { return style_; }
   Form* Owner() const { return owner_; }
 

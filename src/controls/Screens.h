@@ -27,6 +27,10 @@ class FormHost {
 
   /// Ends the event loop, and with it the process.
   virtual void Quit() = 0;
+
+  /// The height in twips that the label's caption takes at the label's width; 0 where none is
+  /// drawn.
+  virtual int TextHeight(const Label&) { return 0; }
 };
 
 /// The one-of-each forms, by type. A form comes into being on first use and starts afresh after

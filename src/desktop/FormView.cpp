@@ -10,6 +10,12 @@
 namespace tarvo {
 namespace {
 
+/// A window that gets another size may be told of a wrong place at first, and may then jump by the
+/// height of its frame. So a place counts when the window has come to rest there, and a jump soon
+/// after a change of size is taken back.
+constexpr int kRestMs = 50;
+constexpr int kResizedMs = 300;
+
 Qt::WindowFlags FlagsOf(Form::Style style) {
   const Qt::WindowFlags box = Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                               Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
@@ -68,9 +74,13 @@ FormView::FormView(Form& model, FormWidget* owner)
                                    : model.Kind() == Form::Style::Child ? owner->Ground()
                                                                         : owner->window(),
                                    FlagsOf(model.Kind()))) {
+  face_.setAttribute(Qt::WA_ShowWithoutActivating, model.LeavesKeyboard);
   face_.hide();  // A child of a visible widget would come with its first event else.
   face_.OnCloseBox = [this] { CloseBox(); };
-  face_.OnMoved = [this] { Moved(); };
+  moved_.setSingleShot(true);
+  moved_.setInterval(kRestMs);
+  face_.OnMoved = [this] { moved_.start(); };
+  QObject::connect(&moved_, &QTimer::timeout, &moved_, [this] { Moved(); });
   face_.OnKey = [this](int key) { return Key(key); };
 }
 
@@ -100,6 +110,7 @@ void FormView::ApplyPlace() {
 void FormView::ApplyWindowPlace(const QRect& wanted) {
   if (face_.size() != wanted.size() || face_.minimumSize() != wanted.size()) {
     face_.setFixedSize(wanted.size());
+    if (face_.isVisible()) resized_.start();
   }
   if (!everPlaced_ || wanted.topLeft() != placed_) {
     everPlaced_ = true;
@@ -175,6 +186,10 @@ void FormView::Moved() {
   if (PixelRect(model_).topLeft() != placed_) return;
   const QPoint now = face_.pos();
   if (now == placed_) return;
+  if (resized_.isValid() && !resized_.hasExpired(kResizedMs)) {
+    face_.move(placed_);
+    return;
+  }
   placed_ = now;
   model_.Left = ToTwips(now.x());
   model_.Top = ToTwips(now.y());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QElapsedTimer>
+#include <QTimer>
 #include <functional>
 
 #include "controls/Form.h"
@@ -65,6 +67,8 @@ class FormView : public ViewOf<Form, FormWidget> {
   QPointer<QWidget> focus_;  ///< What has, or is to have, the keyboard on this form.
   QPoint placed_;            ///< Where the window was last put, by program or by the user.
   bool everPlaced_ = false;
+  QElapsedTimer resized_;  ///< Since the program last gave the window another size.
+  QTimer moved_;           ///< Runs out when the window has come to rest at a place.
 };
 
 }  // namespace tarvo

@@ -31,10 +31,12 @@ std::vector<QString> LinesThatFit(const QString& text, const QFont& font, const 
       line.setLineWidth(area.width());
       const bool last = static_cast<int>(lines.size()) + 1 == most;
       const bool more = at + 1 < paragraphs.size();
-      QString piece = paragraphs[at].mid(start, last || !wrap ? -1 : line.textLength());
+      const bool cut = last || !wrap;
+      QString piece = paragraphs[at].mid(start, cut ? -1 : line.textLength());
+      // The blanks at which a line was broken hang over its end.
       while (piece.endsWith(QLatin1Char(' '))) piece.chop(1);
       if (last && more) piece += QStringLiteral("…");
-      lines.push_back(metrics.elidedText(piece, Qt::ElideRight, area.width()));
+      lines.push_back(cut ? metrics.elidedText(piece, Qt::ElideRight, area.width()) : piece);
       if (last) return lines;
       start += line.textLength();
     } while (start < paragraphs[at].size());
@@ -71,6 +73,13 @@ void LabelFace::paintEvent(QPaintEvent*) {
                      sides | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextDontClip, line);
     top += metrics.lineSpacing();
   }
+}
+
+int LabelPixels(const Label& label) {
+  const QFont font = ToQt(label.Font);
+  const QSize area(PixelRect(label).width(), QWIDGETSIZE_MAX);
+  const auto lines = LinesThatFit(ToQt(label.Caption), font, area, label.WordWrap);
+  return static_cast<int>(lines.size()) * QFontMetrics(font).lineSpacing();
 }
 
 LabelView::LabelView(Label& model, QWidget* parent) : ViewOf(model, new LabelFace(parent)) {}

@@ -22,6 +22,9 @@ class LabelFace : public QLabel {
   QColor text_;
 };
 
+/// The height in pixels that the label's caption takes at the label's width.
+int LabelPixels(const Label& label);
+
 class LabelView : public ViewOf<Label, LabelFace> {
  public:
   LabelView(Label& model, QWidget* parent);

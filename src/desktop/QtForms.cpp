@@ -10,6 +10,8 @@
 #include <algorithm>
 
 #include "desktop/FormView.h"
+#include "desktop/LabelView.h"
+#include "desktop/Skin.h"
 #include "desktop/ViewFactory.h"
 
 namespace tarvo {
@@ -29,6 +31,34 @@ class QtForms::Record : public QObject {
   std::unique_ptr<FormView> view;
   std::vector<std::unique_ptr<View>> views;
 };
+
+namespace {
+
+/// Keeps a modal window in front of the other windows of the program, which a click brings forward,
+/// and the keyboard with it.
+class Foreground : public QObject {
+ public:
+  explicit Foreground(QWidget* window) : window_(window) { qApp->installEventFilter(this); }
+
+  bool eventFilter(QObject* object, QEvent* event) override {
+    const auto type = event->type();
+    if (type != QEvent::MouseButtonPress && type != QEvent::WindowActivate) return false;
+    const auto* widget = qobject_cast<QWidget*>(object);
+    if (widget && window_ && widget->window() != window_) {
+      const bool clicked = type == QEvent::MouseButtonPress;
+      QTimer::singleShot(0, window_, [window = window_, clicked] {
+        window->raise();
+        if (clicked) window->activateWindow();
+      });
+    }
+    return false;
+  }
+
+ private:
+  QPointer<QWidget> window_;
+};
+
+}  // namespace
 
 QtForms::QtForms() {
   QApplication::setQuitOnLastWindowClosed(false);
@@ -63,6 +93,7 @@ void QtForms::RunModal(Form& form) {
   // Some window managers give the keyboard to a blocked window that is clicked on.
   const QPointer<QWidget> window = record->view->Widget();
   const QPointer<QWidget> owner = window->parentWidget();
+  const Foreground foreground(window->window());
   QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &loop, [=](const QWindow* now) {
     if (!window || !window->isWindow() || !owner || !now || now != owner->windowHandle()) return;
     QTimer::singleShot(0, window, [window] { window->activateWindow(); });
@@ -107,6 +138,10 @@ void QtForms::Quit() {
   // Posted, so that it also ends a loop that is yet to begin. QApplication::quit would ask every
   // window to close first.
   QTimer::singleShot(0, &context_, [] { QApplication::exit(); });
+}
+
+int QtForms::TextHeight(const Label& label) {
+  return ToTwips(LabelPixels(label));
 }
 
 Text QtForms::HelpPage() const {

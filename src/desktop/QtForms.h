@@ -34,6 +34,8 @@ class QtForms : public FormHost {
 
   void Quit() override;
 
+  int TextHeight(const Label& label) override;
+
   /// The manual's page on what the user has before him: that of the topmost form which can be
   /// worked with and has one; empty where none has.
   Text HelpPage() const;

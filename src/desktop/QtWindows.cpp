@@ -95,4 +95,11 @@ TwipSize QtWindows::ScreenSize() {
   return {ToTwips(size.width()), ToTwips(size.height())};
 }
 
+TwipArea QtWindows::ScreenAt(int left, int top) {
+  const QScreen* screen = QApplication::screenAt({ToPixels(left), ToPixels(top)});
+  if (!screen) screen = QApplication::primaryScreen();
+  const QRect area = screen->availableGeometry();
+  return {ToTwips(area.left()), ToTwips(area.top()), ToTwips(area.width()), ToTwips(area.height())};
+}
+
 }  // namespace tarvo

@@ -22,6 +22,7 @@ class QtWindows : public Windows {
   bool RunProgram(TextView path) override;
   void SetHelpFile(TextView path) override { helpFile_ = Text(path); }
   TwipSize ScreenSize() override;
+  TwipArea ScreenAt(int left, int top) override;
 
   /// Opens a page of the manual, which lies beside the help file: "options.html", or its first page
   /// for an empty name and for a page that isn't there. What hinders it is told in a message box.

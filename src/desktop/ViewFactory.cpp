@@ -8,6 +8,7 @@
 #include "desktop/ImageView.h"
 #include "desktop/LabelView.h"
 #include "desktop/ListBoxView.h"
+#include "desktop/MediaPlayerView.h"
 #include "desktop/PanelViews.h"
 #include "desktop/ProgressBarView.h"
 #include "desktop/RowPanelView.h"
@@ -43,6 +44,7 @@ class Factory : public ControlVisitor {
   void Visit(Image& control) override { Make<ImageView>(control); }
   void Visit(Label& control) override { Make<LabelView>(control); }
   void Visit(ListBox& control) override { Make<ListBoxView>(control); }
+  void Visit(MediaPlayer& control) override { Make<MediaPlayerView>(control); }
   void Visit(ProgressBar& control) override { Make<ProgressBarView>(control); }
   void Visit(RowPanel& control) override { Make<RowPanelView>(control); }
   void Visit(Shape& control) override { Make<ShapeView>(control); }

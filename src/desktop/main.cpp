@@ -1,6 +1,7 @@
 #include <QApplication>
 
 #include "assistant/PacDialogue.h"
+#include "desktop/FilmVideo.h"
 #include "desktop/HelpKey.h"
 #include "desktop/Pictures.h"
 #include "desktop/QtForms.h"
@@ -19,15 +20,16 @@ struct Program {
   HostMachine host = OpenHostMachine();
   FoundProgramFolder folder = OpenProgramFolder(*host.files);
   SdlSound sound{*host.files};
+  FilmVideo video{*host.files};
   QtWindows windows;
   QtForms forms;
   HelpKey helpKey{[this] { windows.ShowManual(forms.HelpPage()); }};
   PacDialogue dialogue{app};
-  Application app{
-      {*host.files, *host.settings, *host.registry, sound, *host.locale, *host.clock, windows},
-      forms,
-      dialogue,
-      folder.Path};
+  Application app{{*host.files, *host.settings, *host.registry, sound, video, *host.locale,
+                   *host.clock, windows},
+                  forms,
+                  dialogue,
+                  folder.Path};
 };
 
 }  // namespace

@@ -61,6 +61,9 @@ void frmPackager::Load() {
   Guarded([&] { lstDir.SetPath(app_.State.GamePath); });
   Guarded([&] { lstTarvo.SetPath(app_.ProgramFolder + u"\\Tarvos\\"); });
   FillPackageNames();
+  if (app_.State.PacHelper) {
+    app_.dialogue.PacMsg(u"Create your Ship Mod Package here!!!", Title::Information);
+  }
   app_.State.CurrentScreen = u"Packager";
 }
 

@@ -18,6 +18,13 @@ struct TwipSize {
   int Height;
 };
 
+struct TwipArea {
+  int Left;
+  int Top;
+  int Width;
+  int Height;
+};
+
 /// What the program asks of the screen that it stands on, beside its own forms.
 class Windows {
  public:
@@ -39,6 +46,12 @@ class Windows {
 
   /// The usable size of the screen in twips, 15 to the logical pixel.
   virtual TwipSize ScreenSize() = 0;
+
+  /// The usable area of the screen that shows that point, or of the first screen where none does.
+  virtual TwipArea ScreenAt(int /*left*/, int /*top*/) {
+    const TwipSize size = ScreenSize();
+    return {0, 0, size.Width, size.Height};
+  }
 };
 
 }  // namespace tarvo

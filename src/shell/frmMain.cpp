@@ -1,8 +1,10 @@
 #include "shell/frmMain.h"
 
+#include "assistant/frmPac_Helper.h"
 #include "controls/Palette.h"
 #include "platform/Windows.h"
 #include "shell/frmMainMenu.h"
+#include "state/Dialogue.h"
 #include "state/StartUp.h"
 
 namespace tarvo {
@@ -15,6 +17,8 @@ frmMain::frmMain(Application& app) : Form(Style::Window, nullptr), app_(app) {
   StatusBar.BackColour = palette::kPanel;
   StatusBar.ForeColour = palette::kPeach;
   StatusBar.Panel1 = u"Status";
+  Timer_Buffer.OnTimer = [this] { app_.dialogue.PacNextMessage(); };
+  Msg_Timer.OnTimer = [this] { GiveFirstTip(); };
   app_.MainForm = this;
   app_.shell = this;
 }
@@ -27,8 +31,15 @@ void frmMain::Load() {
   Caption = u"Tarvo Packager (" + app_.State.AppVersion + u")";
 }
 
+void frmMain::GiveFirstTip() {
+  Msg_Timer.Enabled = false;
+  if (!app_.State.PacHelper) return;
+  app_.dialogue.PacMsg(u"Click on the Make New Ship Plugin Button to Begin!!!", Title::Information);
+}
+
 /// Closed by its close box: the process ends with its last window.
 void frmMain::Unload() {
+  if (auto* helper = app_.screens.Find<frmPac_Helper>()) app_.screens.Close(*helper);
   app_.screens.Host().Quit();
 }
 
@@ -39,6 +50,7 @@ void frmMain::ShowStatus(TextView text) {
 
 void frmMain::ShowMainMenu() {
   app_.Screen<frmMainMenu>().Visible = true;
+  Visible = true;  // The questions of the start stand over it.
 }
 
 void frmMain::ShowOptions() {

@@ -2,6 +2,7 @@
 
 #include "controls/Form.h"
 #include "controls/StatusBar.h"
+#include "controls/Timer.h"
 #include "state/Application.h"
 #include "state/Shell.h"
 
@@ -16,14 +17,19 @@ class frmMain : public Form, public Shell {
   void Unload() override;
 
   tarvo::StatusBar StatusBar{this};
+  Timer Msg_Timer{this, 2000};     ///< The first tip, once.
+  Timer Timer_Buffer{this, 2000};  ///< Lets the assistant's waiting messages follow.
 
   void ShowStatus(TextView text) override;
   void ShowMainMenu() override;
   void ShowOptions() override;
   void SettleGame() override;
   void WorkScreenClosed() override;
+  void RunMessageTimer(bool run) override { Timer_Buffer.Enabled = run; }
 
  private:
+  void GiveFirstTip();
+
   Application& app_;
 };
 

@@ -3,22 +3,30 @@
 #include <cmath>
 #include <string>
 
+#include "assistant/MessageQueue.h"
 #include "controls/Palette.h"
 #include "gametools/frmGameTools.h"
 #include "packages/frmPackager.h"
 #include "platform/Clock.h"
+#include "platform/Guarded.h"
+#include "platform/Settings.h"
 #include "platform/Sound.h"
 #include "shell/frmAbout.h"
 #include "shell/frmHelp.h"
 #include "shell/frmOptions.h"
 #include "shiptgl/frmTGLTools.h"
 #include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
+#include "state/StartUp.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
 
 frmMainMenu::frmMainMenu(Application& app)
-    : Form(Style::Child, app.MainForm), Skin(app, u"frmMainMenu"), app_(app) {
+    : Form(Style::Child, app.MainForm),
+      MediaPlayer1(this, app.machine.video),
+      Skin(app, u"frmMainMenu"),
+      app_(app) {
   LayOut();
   NameControls();
   Connect();
@@ -27,6 +35,36 @@ frmMainMenu::frmMainMenu(Application& app)
 void frmMainMenu::Load() {
   Move(0, 0, 1, 7185);
   Skin.Load();
+  LoadVideo();
+}
+
+void frmMainMenu::Unload() {
+  if (app_.State.VideoFX) StoreVideoFX(u"1");
+}
+
+/// While the decoder works the setting says "0": should it take the process down, the next run
+/// shows no video.
+void frmMainMenu::LoadVideo() {
+  MediaPlayer1.FileName = app_.ProgramFolder + u"\\Gfx\\VideoFX\\LCARS_Main.MOV";
+  if (!app_.State.VideoFX) return;
+  MediaPlayer1.OnOpening = [this] { StoreVideoFX(u"0"); };
+  MediaPlayer1.OnOpened = [this] { StoreVideoFX(u"1"); };
+  MediaPlayer1.Start();
+}
+
+void frmMainMenu::StoreVideoFX(TextView flag) {
+  Guarded([&] {
+    app_.machine.settings.Write(kSettingsApplication, kSettingsSection, u"VideoFX", flag);
+  });
+}
+
+void frmMainMenu::FollowVideoFX() {
+  MediaPlayer1.OnOpening = MediaPlayer1.OnOpened = nullptr;  // The setting is the user's own now.
+  if (app_.State.VideoFX) {
+    MediaPlayer1.Start();
+  } else {
+    MediaPlayer1.Stop();
+  }
 }
 
 void frmMainMenu::LayOut() {
@@ -76,6 +114,7 @@ void frmMainMenu::LayOutDecoration() {
   }
   imgLCARS.Move(0, 1320, 9585, 5790);
   imgMenuBorders.Move(0, 0, 9600, 1440);
+  MediaPlayer1.Move(1200, 4800, 3735, 1935);
   int top = 2040;
   for (Label& digits : lblDigits) {
     digits.Font = {FontRole::Digits, 12};
@@ -159,9 +198,15 @@ void frmMainMenu::ChangeDigits() {
 }
 
 void frmMainMenu::Exit() {
+  AppState& state = app_.State;
   PlayEffect(app_, u"ShutDown.wav", kPlayToEnd);
+  MediaPlayer1.Stop();
+  if (state.PacHelper) {
+    app_.dialogue.PacMsg(kGoodBye, Title::Information);
+    if (state.PacQueue[0].empty()) state.PacExiting = true;
+  }
   app_.MainForm->Visible = false;
-  app_.screens.Host().Quit();
+  if (!state.PacHelper) app_.screens.Host().Quit();
 }
 
 }  // namespace tarvo

@@ -7,6 +7,7 @@
 #include "controls/Frame.h"
 #include "controls/Image.h"
 #include "controls/Label.h"
+#include "controls/MediaPlayer.h"
 #include "controls/Timer.h"
 #include "skin/ScreenSkin.h"
 #include "state/Application.h"
@@ -20,9 +21,13 @@ class frmMainMenu : public Form {
   explicit frmMainMenu(Application& app);
 
   void Load() override;
+  void Unload() override;
 
   /// Opens the options without the user's doing; the menu waits behind them.
   void ShowOptions();
+
+  /// The user has switched the video loops on or off: MediaPlayer1 starts or stops.
+  void FollowVideoFX();
 
   /// A work screen has closed: its button and the menu are switched on again.
   void TakeOver();
@@ -37,6 +42,7 @@ class frmMainMenu : public Form {
   Label lblTitle{this};
   std::array<Label, 7> lblDigits{Label{this}, Label{this}, Label{this}, Label{this},
                                  Label{this}, Label{this}, Label{this}};
+  MediaPlayer MediaPlayer1;
   Timer Digits_Timer{this, 1500};
   Timer MainMenu_Timer{this, 15};
   ScreenSkin Skin;
@@ -47,7 +53,11 @@ class frmMainMenu : public Form {
   void NameControls();
   void Connect();
   void ChangeDigits();
+
+  /// With the assistant on the process ends when the figure has said good-bye and left.
   void Exit();
+  void LoadVideo();
+  void StoreVideoFX(TextView flag);
 
   template <class Screen>
   void Open(Button& button, TextView title);

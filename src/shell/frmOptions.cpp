@@ -6,6 +6,7 @@
 #include "platform/Guarded.h"
 #include "platform/Settings.h"
 #include "platform/Sound.h"
+#include "shell/frmMainMenu.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
 #include "state/Shell.h"
@@ -32,6 +33,7 @@ void Place(CheckBox& box, TextView caption, int top) {
 
 frmOptions::frmOptions(Application& app)
     : Form(Style::Child, app.MainForm),
+      MediaPlayer1(this, app.machine.video),
       lstDir(this, app.machine.files),
       lstDrive(this, app.machine.files),
       Skin(app, u"frmOptions"),
@@ -55,6 +57,7 @@ void frmOptions::LayOut() {
   Brackets{imgBoxL, imgBoxR}.Place(3195, 6900, 330, 3165);
   imgCommandBorder[0].Move(4950, 4148, 1950, 450);
   imgCommandBorder[1].Move(4950, 4598, 1950, 450);
+  MediaPlayer1.Move(0, 720, 3105, 2565);
   Place(lstDir, u"Folders", 3390, 720, 3360, 1980);
   Place(lstDrive, u"Drive", 3390, 2760, 3360);
   Place(lblHolds, {}, 3390, 3165, 3360);
@@ -95,6 +98,8 @@ void frmOptions::Load() {
   }
   Guarded([this] { lstDrive.SetDrive(app_.State.GamePath.substr(0, 2)); });
   Guarded([this] { lstDir.SetPath(app_.State.GamePath); });
+  MediaPlayer1.FileName = app_.ProgramFolder + u"\\Gfx\\VideoFX\\LCARS_Options.MOV";
+  if (app_.State.VideoFX) MediaPlayer1.Start();
 }
 
 void frmOptions::Unload() {
@@ -163,6 +168,7 @@ bool frmOptions::Store(const Text& folder) {
     writeFlag(u"PacHelper", chkPacHelper, state.PacHelper);
     writeFlag(u"SoundFX", chkSoundFX, state.SoundFX);
     writeFlag(u"VideoFX", chkVideoFX, state.VideoFX);
+    if (auto* menu = app_.screens.Find<frmMainMenu>()) menu->FollowVideoFX();
     return true;
   } catch (const PlatformError& error) {
     app_.dialogue.PacMsg(

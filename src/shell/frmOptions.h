@@ -10,6 +10,7 @@
 #include "controls/Frame.h"
 #include "controls/Image.h"
 #include "controls/Label.h"
+#include "controls/MediaPlayer.h"
 #include "controls/Timer.h"
 #include "skin/ScreenSkin.h"
 #include "state/Application.h"
@@ -31,6 +32,7 @@ class frmOptions : public Form {
 
   Frame fraPicture{this};
   Image imgPicture{&fraPicture};
+  MediaPlayer MediaPlayer1;
   Label Label1{this};
   DirListBox lstDir;
   DriveListBox lstDrive;

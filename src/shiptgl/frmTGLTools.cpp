@@ -20,6 +20,7 @@ frmTGLTools::frmTGLTools(Application& app)
       FileList(&fraShipTGL, app.machine.files, ListBox::Selection::Single, u"*.TGL"),
       FileList1(&fraShipTGL, app.machine.files, ListBox::Selection::Single, u"*.py"),
       File2(&fraGameTGL, app.machine.files, ListBox::Selection::Toggle, u"*.TGL"),
+      MediaPlayer1(this, app.machine.video),
       Skin(app, u"frmTGLTools"),
       app_(app) {
   HelpPage = u"tgltools.html";
@@ -37,6 +38,7 @@ void frmTGLTools::Load() {
   FillShipNames();
   DropDefinedShips();
   lblNewTGL_Click();
+  LoadVideo();
   app_.State.CurrentScreen = u"TGL Tools";
 }
 
@@ -125,6 +127,7 @@ void frmTGLTools::Open(const Tab& tab) {
   Tabs().Choose(tab.Caption);
   Skin.TabChosen();
   for (Frame* frame : {&fraShipTGL, &fraGameTGL}) frame->Visible = frame == &tab.Shown;
+  MediaPlayer1.Visible = fraGameTGL.Visible;
 }
 
 /// One of the three tabs that share the fields. On the New tab the user names the ship and fills

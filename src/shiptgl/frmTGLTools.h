@@ -10,6 +10,7 @@
 #include "controls/Frame.h"
 #include "controls/Image.h"
 #include "controls/Label.h"
+#include "controls/MediaPlayer.h"
 #include "controls/Placing.h"
 #include "controls/ProgressBar.h"
 #include "controls/TextBox.h"
@@ -64,6 +65,7 @@ class frmTGLTools : public Form {
   Label lblMerge{&fraGameTGL};
   FileListBox File2;  ///< The definitions again, of which several can be selected.
   Button lblUpdateGame{&fraGameTGL}, lblUpdateAllGameTGL{&fraGameTGL}, lblExit1{&fraGameTGL};
+  MediaPlayer MediaPlayer1;  ///< Seen on the fourth tab.
 
   Frame fraProgress{this};
   Label Label15{&fraProgress};
@@ -119,6 +121,7 @@ class frmTGLTools : public Form {
   void LayOutCommands();
   void LayOutGame();
   void NameControls();
+  void LoadVideo();
   void Connect();
   void Open(const Tab& tab);
   void OpenDefinitions(const Tab& tab, Button& command);

@@ -57,9 +57,19 @@ void frmTGLTools::LayOutCommands() {
 void frmTGLTools::LayOutGame() {
   PlaceHeading(lblMerge, imgLongLabel, u"Choose the Ship TGLs to put into the Game", 150, 97, 6600);
   Place(File2, u"Ship TGLs", 150, 450, 6600, 3120);
+  MediaPlayer1.Visible = false;
+  MediaPlayer1.Move(3165, 1050, 3585, 2685);
   Place(lblUpdateGame, u"Update TGL", palette::kOrange, 150, kCommandTop, 2100);
   Place(lblUpdateAllGameTGL, u"Update All TGL", palette::kOrange, 2400, kCommandTop, 2100);
   Place(lblExit1, u"Exit", palette::kViolet, 4650, kCommandTop, 2100);
+}
+
+/// The video takes the right half of the list's place.
+void frmTGLTools::LoadVideo() {
+  MediaPlayer1.FileName = app_.ProgramFolder + u"\\Gfx\\VideoFX\\LCARS_TGL.MOV";
+  if (!app_.State.VideoFX) return;
+  File2.Width = 2865;
+  MediaPlayer1.Start();
 }
 
 }  // namespace tarvo

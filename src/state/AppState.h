@@ -3,9 +3,20 @@
 #include <array>
 #include <cstdint>
 
+#include "state/Title.h"
 #include "text/Text.h"
 
 namespace tarvo {
+
+/// What the assistant's figure does.
+enum class PacActivity {
+  Idle,  ///< It stands where it stopped, or isn't on.
+  Walk,
+  Talk
+};
+
+/// As PacTalkTicks: the figure has said all that it says.
+inline constexpr std::int16_t kPacSpoken = 999;
 
 /// The record of process-wide state. A field that nobody has set is empty, 0 or false.
 struct AppState {
@@ -25,7 +36,25 @@ struct AppState {
   bool VideoFX = false;
   bool PacHelper = false;  ///< The assistant is in charge of the dialogue.
 
-  Text PacAnswer;  ///< The answer of the dialog frmPac_InputBox.
+  PacActivity PacState = PacActivity::Idle;
+  float PacX = 0;                 ///< The figure's left edge in its window, in twips.
+  std::int16_t PacFrame = 0;      ///< The frame of the running animation, from 0.
+  std::int16_t PacLastFrame = 0;  ///< The last one of that animation.
+  std::int16_t PacTalkTicks = 0;  ///< Ticks since the figure began to speak.
+  Text PacSpeech;                 ///< The message in progress: spoken, or walked in with.
+
+  /// The waiting messages, the first in front; an empty text marks a free place.
+  std::array<Text, 21> PacQueue;
+
+  /// At 0 of the message in progress; that of PacQueue[i] stands at i + 1.
+  std::array<Title, 22> PacTitles{};
+
+  /// Numbered as PacTitles: the message is the question of an open dialog.
+  std::array<bool, 21> PacPrompts{};
+
+  bool PacAsking = false;   ///< The message that is being handed over is a question.
+  bool PacExiting = false;  ///< The process ends as soon as the figure has walked off.
+  Text PacAnswer;           ///< The answer of the dialog frmPac_InputBox.
 
   /// Captions that replace "&Yes" and "&No" in the next dialog; empty keeps the usual one.
   std::array<Text, 2> PacButtonCaptions;

@@ -17,6 +17,7 @@ class Registry;
 class Settings;
 class Shell;
 class Sound;
+class Video;
 class Windows;
 
 /// The doors to the machine.
@@ -25,6 +26,7 @@ struct Machine {
   Settings& settings;
   Registry& registry;
   Sound& sound;
+  Video& video;
   Locale& locale;
   Clock& clock;
   Windows& windows;

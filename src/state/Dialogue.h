@@ -1,12 +1,9 @@
 #pragma once
 
+#include "state/Title.h"
 #include "text/Text.h"
 
 namespace tarvo {
-
-/// The title of a message picks its icon; the word itself is never shown. A message without one
-/// shows no box.
-enum class Title { None, Information, Question, Warning, Critical };
 
 /// All dialogue with the user. Whoever stands above (the assistant's folder, or the console)
 /// implements it.
@@ -26,6 +23,13 @@ class Dialogue {
 
   /// Captions for the next PacInput alone; its answers stay "Yes" and "No".
   virtual void PacSetButtons(TextView yesCaption, TextView noCaption) = 0;
+
+  /// The settings have been read, at the start of the process or anew: an assistant that is
+  /// switched on comes on and greets.
+  virtual void PacStart() {}
+
+  /// A tick of the timer that lets waiting messages follow.
+  virtual void PacNextMessage() {}
 };
 
 }  // namespace tarvo

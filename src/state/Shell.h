@@ -22,6 +22,9 @@ class Shell {
 
   /// A work screen has closed: the menu takes over again.
   virtual void WorkScreenClosed() = 0;
+
+  /// Runs or stops the timer that lets waiting messages follow.
+  virtual void RunMessageTimer(bool run) = 0;
 };
 
 }  // namespace tarvo

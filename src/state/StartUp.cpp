@@ -9,6 +9,7 @@
 #include "platform/Sound.h"
 #include "platform/Windows.h"
 #include "state/CommonUtilities.h"
+#include "state/Dialogue.h"
 #include "state/Foundation.h"
 #include "state/Shell.h"
 #include "state/StoredFlag.h"
@@ -115,6 +116,7 @@ void StartUpSequence(Application& app) {
   PlayEffect(app, u"SystemsOnline.wav", kPlay);
   app.machine.windows.SetHelpFile(app.ProgramFolder + u"\\Help\\Help System.chm");
   MakeProgramFolders(app);
+  app.dialogue.PacStart();
   app.shell->ShowMainMenu();
   app.shell->ShowStatus(u"Standing By...");
   TestFoundation(app);

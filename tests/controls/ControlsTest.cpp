@@ -6,10 +6,12 @@
 #include "controls/DriveListBox.h"
 #include "controls/FileListBox.h"
 #include "controls/Frame.h"
+#include "controls/MediaPlayer.h"
 #include "controls/ProgressBar.h"
 #include "controls/Screens.h"
 #include "controls/Timer.h"
 #include "platform/HostMachine.h"
+#include "support/Fakes.h"
 #include "support/TemporaryFolder.h"
 #include "text/RaisedError.h"
 
@@ -22,6 +24,36 @@ struct CountingObserver : ControlObserver {
   void ControlFocused(Control&) override {}
   int changes = 0;
 };
+
+TEST(MediaPlayer, OpensItsFileOnceAStart) {
+  RecordingVideo video;
+  MediaPlayer player(nullptr, video);
+  int opened = 0;
+  player.OnOpened = [&] { ++opened; };
+  player.Open(1, 1);
+  EXPECT_TRUE(video.Orders.empty()) << "not started";
+  player.Start();
+  player.Open(1, 1);
+  player.Open(1, 1);
+  ASSERT_EQ(video.Orders.size(), 1u);
+  player.Stop();
+  EXPECT_EQ(opened, 1) << "given up";
+  const VideoPictures pictures = {std::make_shared<VideoPicture>()};
+  video.Orders[0].Opened(pictures);
+  EXPECT_TRUE(player.Pictures().empty());
+
+  player.Start();
+  player.Open(1, 1);
+  ASSERT_EQ(video.Orders.size(), 2u);
+  video.Orders[1].Opened(pictures);
+  player.Open(1, 1);
+  EXPECT_EQ(video.Orders.size(), 2u);
+  EXPECT_EQ(player.Pictures(), pictures);
+  EXPECT_EQ(opened, 2);
+  player.Stop();
+  EXPECT_TRUE(player.Pictures().empty());
+  EXPECT_EQ(opened, 2);
+}
 
 TEST(ProgressBar, RefusesWhatIsOutsideItsRangeAndKeepsItsState) {
   ProgressBar bar(nullptr);

@@ -59,13 +59,13 @@ TEST_F(GameToolsScreen, ATabShowsItsAreaAndTellsWhatItIsFor) {
        u"Create a New Ship Plugin on this Screen"},
   };
   for (const auto& item : cases) {
-    machine.boxes.clear();
+    machine.app.State.PacSpeech.clear();
     machine.sound.Orders.clear();
     item.tab.Press();
     EXPECT_EQ(TakeSounds().at(0), (std::pair<Text, unsigned>{u"TabBeep.wav", item.sound}));
     EXPECT_EQ(StatusLine(), item.status);
-    ASSERT_FALSE(machine.boxes.empty());
-    EXPECT_EQ(machine.boxes[0], (TestMachine::Box{Text(item.tip), BoxIcon::Information}));
+    EXPECT_EQ(machine.app.State.PacSpeech, item.tip);
+    EXPECT_EQ(machine.app.State.PacTitles[0], Title::Information);
     int shown = 0;
     for (Frame* area :
          {&screen.fraShipInfo, &screen.fraSound, &screen.fraMenus, &screen.fraIntegrity}) {

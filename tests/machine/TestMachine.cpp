@@ -1,8 +1,9 @@
 #include "machine/TestMachine.h"
 
 #include <algorithm>
+#include <stdexcept>
 
-#include "assistant/frmPac_InputBox.h"
+#include "assistant/frmPac_Helper.h"
 #include "platform/HostMachine.h"
 #include "text/Paths.h"
 
@@ -22,7 +23,7 @@ TestMachine::TestMachine()
     : disk(OpenFiles(folder.Host("journal"))),
       files(*disk),
       dialogue(app),
-      app({files, settings, registry, sound, locale, clock, *this}, *this, dialogue,
+      app({files, settings, registry, sound, video, locale, clock, *this}, *this, dialogue,
           ProgramFolder()) {
   WriteFile(GameFolder() + u"\\stbc.exe", "game");
   WriteFile(ProgramFolder() + u"\\tarvo", "program");
@@ -67,10 +68,26 @@ void TestMachine::ShowMessage(TextView text, TextView, BoxIcon icon) {
   boxes.push_back({Text(text), icon});
 }
 
+void TestMachine::Pass(int milliseconds) {
+  for (int end = passed_ + milliseconds; passed_ < end;) {
+    passed_ += 40;
+    if (auto* helper = app.screens.Find<frmPac_Helper>()) helper->Pacman_Animation_Timer.Tick();
+    auto* main = app.screens.Find<frmMain>();
+    if (!main || passed_ % 2000 != 0) continue;
+    main->Msg_Timer.Tick();
+    main->Timer_Buffer.Tick();
+  }
+}
+
 void TestMachine::RunModal(Form& form) {
   if (!dynamic_cast<frmPac_InputBox*>(&form)) return atDialog(form);
   auto& dialog = static_cast<frmPac_InputBox&>(form);
   questions.push_back(dialog.lblInput.Caption);
+  if (onDialog) onDialog(dialog);
+  for (waited = 0; !dialog.cmdYes.Enabled; waited += 40) {
+    if (waited > 200'000) throw std::runtime_error("nothing answers the dialog");
+    Pass(40);
+  }
   Text answer = u"No";
   if (!answers.empty()) {
     answer = answers.front();

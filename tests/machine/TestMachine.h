@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "assistant/PacDialogue.h"
+#include "assistant/frmPac_InputBox.h"
 #include "platform/Windows.h"
 #include "shell/frmMain.h"
 #include "state/Application.h"
@@ -45,6 +46,9 @@ class TestMachine : public FormHost, public Windows {
   /// All files below a folder, as paths from there on, sorted.
   std::vector<Text> FilesBelow(TextView path);
 
+  /// The timers of the assistant go on by that time, in steps of 40 ms.
+  void Pass(int milliseconds);
+
   /// The user does the next turn of the event loop.
   void Turn() { app.screens.DestroyClosed(); }
 
@@ -54,6 +58,7 @@ class TestMachine : public FormHost, public Windows {
   MemorySettings settings;
   MemoryRegistry registry;
   RecordingSound sound;
+  RecordingVideo video;
   FixedLocale locale;
   ScriptedClock clock;
   PacDialogue dialogue;
@@ -66,6 +71,10 @@ class TestMachine : public FormHost, public Windows {
   std::function<void(Form&)> atDialog;  ///< What the user does in dialogs other than questions.
   std::vector<Text> opened;             ///< The addresses and programs that were to be opened,
   bool canOpen = false;                 ///< which succeeds.
+  std::function<void(frmPac_InputBox&)> onDialog;  ///< What else he does before he answers.
+  int waited = 0;      ///< Milliseconds that the last dialog took to wake.
+  int textHeight = 0;  ///< As FormHost::TextHeight, of every label.
+  TwipSize screen{19200, 15000};
   Text helpFile;
   bool quit = false;
   bool hasFoundation = true;
@@ -77,12 +86,16 @@ class TestMachine : public FormHost, public Windows {
   }
   bool RunProgram(TextView path) override { return OpenAddress(path); }
   void SetHelpFile(TextView path) override { helpFile = path; }
-  TwipSize ScreenSize() override { return {19200, 15000}; }
+  TwipSize ScreenSize() override { return screen; }
 
   void Made(Form&) override {}
   void RunModal(Form& form) override;
   void Closed(Form&) override {}
   void Quit() override { quit = true; }
+  int TextHeight(const Label&) override { return textHeight; }
+
+ private:
+  int passed_ = 0;  ///< Milliseconds of Pass so far.
 };
 
 }  // namespace tarvo::test

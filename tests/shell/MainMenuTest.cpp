@@ -23,6 +23,59 @@ TEST_F(MainMenu, SlidesOpenFromTheLeft) {
   EXPECT_EQ(ticks, 65);
 }
 
+TEST_F(MainMenu, GuardsTheStartOfItsVideoWithTheSetting) {
+  const auto setting = [&] {
+    return machine.settings.Read(u"Tarvo Packager", u"Settings", u"VideoFX", u"none");
+  };
+  MediaPlayer& player = menu.MediaPlayer1;
+  EXPECT_TRUE(player.Playing());
+  EXPECT_EQ(setting(), u"none") << "nothing is at risk yet";
+  player.Open(249, 129);
+  EXPECT_EQ(setting(), u"0");
+  ASSERT_EQ(machine.video.Orders.size(), 1u);
+  EXPECT_EQ(machine.video.Orders[0].File,
+            machine.ProgramFolder() + u"\\Gfx\\VideoFX\\LCARS_Main.MOV");
+  machine.video.Orders[0].Opened({});
+  EXPECT_EQ(setting(), u"1");
+}
+
+TEST_F(MainMenu, ItsEndTakesTheGuardAway) {
+  for (const bool byButton : {true, false}) {
+    TestMachine other;
+    other.Start();
+    auto& own = *other.app.screens.Find<frmMainMenu>();
+    own.MediaPlayer1.Open(249, 129);
+    byButton ? own.lblExit.Press() : other.app.screens.Close(own);
+    EXPECT_EQ(other.settings.Read(u"Tarvo Packager", u"Settings", u"VideoFX", u"none"), u"1");
+  }
+}
+
+TEST_F(MainMenu, FollowsTheSwitchOfTheVideos) {
+  MediaPlayer& player = menu.MediaPlayer1;
+  player.Open(249, 129);
+  machine.settings.Write(u"Tarvo Packager", u"Settings", u"VideoFX", u"0");
+  machine.app.State.VideoFX = false;
+  menu.FollowVideoFX();
+  EXPECT_FALSE(player.Playing());
+  EXPECT_EQ(machine.settings.Read(u"Tarvo Packager", u"Settings", u"VideoFX", u""), u"0");
+  machine.app.State.VideoFX = true;
+  menu.FollowVideoFX();
+  EXPECT_TRUE(player.Playing());
+}
+
+TEST(MainMenuWithoutVideo, LoadsTheFileAndLeavesTheSettingAlone) {
+  TestMachine machine;
+  machine.settings.Write(u"Tarvo Packager", u"Settings", u"VideoFX", u"False");
+  machine.Start();
+  auto& menu = *machine.app.screens.Find<frmMainMenu>();
+  EXPECT_TRUE(menu.MediaPlayer1.FileName.Get().ends_with(u"LCARS_Main.MOV"));
+  EXPECT_FALSE(menu.MediaPlayer1.Playing());
+  menu.MediaPlayer1.Open(249, 129);
+  EXPECT_TRUE(machine.video.Orders.empty());
+  machine.app.screens.Close(menu);
+  EXPECT_EQ(machine.settings.Read(u"Tarvo Packager", u"Settings", u"VideoFX", u""), u"False");
+}
+
 TEST_F(MainMenu, StandsSwitchedOffBehindTheOneOpenScreen) {
   menu.lblPackager.Press();
   EXPECT_EQ(menu.lblTitle.Caption.Get(), u"Packager");

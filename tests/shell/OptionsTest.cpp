@@ -69,10 +69,9 @@ TEST_F(Options, ShowWhatIsStored) {
     EXPECT_EQ(screen.chkSoundFX.Checked.Get(), c.sound) << Utf8FromText(c.stored);
     EXPECT_EQ(screen.chkVideoFX.Checked.Get(), c.sound) << Utf8FromText(c.stored);
     EXPECT_EQ(screen.lstDir.ListedFolder(), machine.GameFolder());
-    const bool greeted =
-        !machine.boxes.empty() &&
-        machine.boxes.back().Message == u"Adjust your Tarvo Packager Options here!!!";
-    EXPECT_EQ(greeted, c.pac);
+    // The figure is still greeting.
+    const Text& waiting = machine.app.State.PacQueue[0];
+    EXPECT_EQ(waiting == u"Adjust your Tarvo Packager Options here!!!", c.pac);
   }
 }
 
@@ -225,6 +224,7 @@ struct DecliningShell : Shell {
   void ShowOptions() override { main.ShowOptions(); }
   void SettleGame() override { main.ShowOptions(); }
   void WorkScreenClosed() override { main.WorkScreenClosed(); }
+  void RunMessageTimer(bool run) override { main.RunMessageTimer(run); }
   frmMain& main;
 };
 

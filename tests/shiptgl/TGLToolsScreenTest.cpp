@@ -45,6 +45,25 @@ class TGLTools : public testing::Test, public TGLMachine {
   frmTGLTools* screen = nullptr;
 };
 
+TEST_F(TGLTools, ShowsItsVideoBesideTheListOfTheFourthTab) {
+  MediaPlayer& player = screen->MediaPlayer1;
+  EXPECT_TRUE(player.FileName.Get().ends_with(u"LCARS_TGL.MOV"));
+  EXPECT_TRUE(player.Playing());
+  EXPECT_FALSE(player.Visible);
+  screen->lblGameTGL_Click();
+  EXPECT_TRUE(player.Visible);
+  EXPECT_LT(screen->File2.Left + screen->File2.Width, player.Left);
+  EXPECT_FALSE(screen->fraShipTGL.Visible);
+
+  screen->lblExit1.Press();
+  machine.Turn();
+  machine.app.State.VideoFX = false;
+  screen = &machine.app.Screen<frmTGLTools>();
+  EXPECT_FALSE(screen->MediaPlayer1.Playing());
+  EXPECT_GT(screen->File2.Left + screen->File2.Width, screen->MediaPlayer1.Left)
+      << "the list has the room";
+}
+
 TEST_F(TGLTools, OpensOnTheNewTabAndUnrolls) {
   EXPECT_EQ(screen->cboShipNames.Text(), u"Select your Ship!");
   EXPECT_EQ(Offered(), (std::vector<Text>{u"Nord"})) << "Sued has a definition.";

@@ -36,6 +36,18 @@ void RecordingSound::Play(TextView file, unsigned flags) {
   Orders.push_back({Text(file), flags, !isSilenced});
 }
 
+std::unique_ptr<VideoOpening> RecordingVideo::Open(TextView file, int, int,
+                                                   std::function<void(VideoPictures)> opened) {
+  struct Opening : VideoOpening {
+    std::shared_ptr<bool> alive = std::make_shared<bool>(true);
+  };
+  auto opening = std::make_unique<Opening>();
+  Orders.push_back({Text(file), [alive = std::weak_ptr(opening->alive), opened](auto pictures) {
+                      if (!alive.expired()) opened(std::move(pictures));
+                    }});
+  return opening;
+}
+
 double ScriptedClock::Random() {
   if (Numbers.empty()) return 0;
   const double number = Numbers.front();

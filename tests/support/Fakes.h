@@ -11,6 +11,7 @@
 #include "platform/Registry.h"
 #include "platform/Settings.h"
 #include "platform/Sound.h"
+#include "platform/Video.h"
 
 namespace tarvo::test {
 
@@ -29,6 +30,20 @@ class RecordingSound : public Sound {
 
   std::vector<Order> Orders;
   bool Busy = false;  ///< A sound is playing. The test sets it; playing doesn't.
+};
+
+/// Keeps a record of the videos that are being opened. The test ends the work on them.
+class RecordingVideo : public Video {
+ public:
+  struct Order {
+    Text File;
+    std::function<void(VideoPictures)> Opened;  ///< Does nothing once the opening has ended.
+  };
+
+  std::unique_ptr<VideoOpening> Open(TextView file, int width, int height,
+                                     std::function<void(VideoPictures)> opened) override;
+
+  std::vector<Order> Orders;
 };
 
 class FixedLocale : public Locale {

@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <string>
 
+#include "assistant/frmPac_Helper.h"
 #include "assistant/frmPac_InputBox.h"
 #include "desktop/DirListBoxView.h"
 #include "desktop/ListBoxView.h"
@@ -201,6 +202,11 @@ void PrintPlaces(Application& app) {
   dialog.LayOutQuestion(u"", Title::Warning);
   Print("frmPac_InputBox", dialog,
         {{"cmdYes", dialog.cmdYes}, {"cmdNo", dialog.cmdNo}, {"cmdAll", dialog.cmdAll}});
+  auto& helper = app.Screen<frmPac_Helper>();
+  Print("frmPac_Helper", helper,
+        {{"lblPac_Label", helper.lblPac_Label},
+         {"cmdStop_Talk", helper.cmdStop_Talk},
+         {"Pac_Helper", helper.Pac_Helper}});
 }
 
 /// A list is drawn unseen by the program's own view, and its rows are measured.
