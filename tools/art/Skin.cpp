@@ -22,6 +22,7 @@ const QColor kDeepBlue(44, 44, 150);  ///< Under white captions.
 const QColor kDeepViolet(96, 38, 112);
 const QColor kQuietBlue(28, 28, 58);  ///< Under captions in peach.
 const QColor kQuietViolet(40, 26, 46);
+const QColor kQuietRail = Mix(kViolet, Qt::black, 0.4);
 
 /// Captions on the open tab and on the rows of the tree may be black or white: these grounds lie
 /// between the two.
@@ -41,9 +42,9 @@ const std::vector<SkinPicture>& Table() {
       {"TabBorder", 460, 8, TabLine(kDeepOrange, kPeach)},
       {"LabelBlue", 80, 18, Heading(kBlue, kQuietBlue)},
       {"LongLabel", 200, 18, Heading(kOrange, kQuietBlue)},
-      {"BorderLeft", 12, 200, Bracket(Side::Left, kViolet)},
-      {"BorderRight", 12, 200, Bracket(Side::Right, kViolet)},
-      {"Commands", 460, 34, CommandRow(kViolet)},
+      {"BorderLeft", 12, 200, Bracket(Side::Left, kQuietRail)},
+      {"BorderRight", 12, 200, Bracket(Side::Right, kQuietRail)},
+      {"Commands", 460, 34, CommandRow(kQuietRail)},
       {"ArrowL", 24, 24, Arrow(Left, kPeach, kInk)},
       {"ArrowL_Over", 24, 24, OpenArrow(Left, kPeach, kQuietViolet)},
       {"ArrowR", 24, 24, Arrow(Right, kPeach, kInk)},

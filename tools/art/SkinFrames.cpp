@@ -113,17 +113,15 @@ Drawing Heading(const QColor& accent, const QColor& ground) {
   };
 }
 
-/// Black within, like the ground of the buttons that stand on it.
+/// Marks at both ends; black between them, like the ground of the buttons that stand there.
 Drawing CommandRow(const QColor& colour) {
   return [=](QPainter& painter, const QRectF& area) {
-    FillRounded(painter, area, {8, 8, 8, 8}, Mix(colour, Qt::black, 0.7));
-    for (const double left : {area.left(), area.right() - 12}) {
-      painter.save();
-      painter.setClipRect(QRectF(left, area.top(), 12, area.height()));
-      FillRounded(painter, area, {8, 8, 8, 8}, Mix(colour, Qt::black, 0.25));
-      painter.restore();
+    constexpr double kWidth = 3;
+    constexpr double kRound = kWidth / 2;
+    for (const double left : {area.left(), area.right() - kWidth}) {
+      FillRounded(painter, {left, area.top() + 3, kWidth, area.height() - 6},
+                  {kRound, kRound, kRound, kRound}, colour);
     }
-    FillRounded(painter, area.adjusted(3, 2, -3, -2), {6, 6, 6, 6}, Qt::black);
   };
 }
 
