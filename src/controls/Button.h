@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/Control.h"
+#include "controls/PictureFit.h"
 
 namespace tarvo {
 
@@ -14,7 +15,20 @@ class Button : public Control {
 
   Property<Text> Caption{*this, {}};
   Property<Arrow> Glyph{*this, Arrow::None};  ///< Drawn in place of the caption.
-  Property<Text> Picture{*this, {}};          ///< As Image::Picture; drawn in place of the bar.
+
+  /// As Image::Picture; drawn in place of the bar, and the arrow with it.
+  Property<Text> Picture{*this, {}};
+  Property<PictureFit> Fit{*this, PictureFit::Stretched};
+
+  /// What stands in for picture and fore colour as long as the keyboard is on the button.
+  Property<Text> FocusPicture{*this, {}};
+  Property<Colour> FocusColour{*this, kTransparent};
+
+  /// Radius in twips of the corners of the mark that shows the keyboard; 0 for round ends.
+  Property<int> Rounding{*this, 0};
+
+  /// The caption stands alone, on what lies behind the button.
+  Property<bool> Flat{*this, false};
 
   /// Drawn as a link: its caption underlined; the pointer over it is an arrow with a question mark.
   Property<bool> Link{*this, false};

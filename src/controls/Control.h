@@ -100,6 +100,15 @@ class Control {
 
   void Move(int left, int top, int width, int height);
 
+  /// The pointer has come onto the control, or moves on it. To be set before a view is made; where
+  /// nobody listens, no view watches the pointer.
+  std::function<void()> OnMouseMove;
+
+  /// The user moves the pointer onto it or on it. Does nothing while it is not usable.
+  void MoveMouse() {
+    if (Usable()) Raise(OnMouseMove);
+  }
+
   /// Draws the control, and what stands on it, before it returns.
   void Refresh();
 

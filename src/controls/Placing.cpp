@@ -8,6 +8,10 @@ namespace {
 constexpr int kTabWidth = 1425;
 constexpr int kTabPitch = 1680;
 constexpr int kTabLeft = 120;
+constexpr int kTabRounding = 90;
+constexpr int kHeadingHeight = 270;
+constexpr int kGroundHeight = 510;
+constexpr int kBracketWidth = 180;
 constexpr int kScreenWidth = 6900;
 constexpr int kScreenHeight = 5065;
 
@@ -38,15 +42,30 @@ void PlaceOver(Form& dialog, const Form* owner) {
   dialog.Top = owner->Top + (owner->Height - dialog.Height) / 2;
 }
 
+void PlaceHeading(Label& label, Image& ground, TextView caption, int left, int top, int width) {
+  ground.Move(left, top, width, kHeadingHeight);
+  Place(label, caption, left + 150, top, width - 180);
+}
+
+void PlaceCommandGround(Image& ground, int left, int commandTop, int width) {
+  ground.Move(left, commandTop - (kGroundHeight - kFieldHeight) / 2, width, kGroundHeight);
+}
+
+void Brackets::Place(int left, int right, int top, int bottom) const {
+  Left.Move(left, top, kBracketWidth, bottom - top);
+  Right.Move(right - kBracketWidth, top, kBracketWidth, bottom - top);
+}
+
 void TabStrip::Place(const std::array<TextView, 4>& captions) const {
   Line.BackColour = palette::kOrange;
-  Line.Move(0, 525, kScreenWidth, 45);
+  Line.Move(0, 510, kScreenWidth, 120);
   Mark.BackColour = palette::kOrange;
-  Mark.Move(kTabLeft, 285, kTabWidth, 270);
+  Mark.Move(kTabLeft, 120, kTabWidth, 450);
   int left = kTabLeft;
   for (std::size_t i = 0; i < Tabs.size(); ++i) {
     tarvo::Place(*Tabs[i], captions[i], palette::kViolet, left, 120, kTabWidth);
     Tabs[i]->Font = {FontRole::Normal, 9};
+    Tabs[i]->Rounding = kTabRounding;
     left += kTabPitch;
   }
 }
@@ -56,7 +75,7 @@ void TabStrip::Choose(const Button& chosen) const {
   for (Button* tab : Tabs) {
     const bool isChosen = tab == &chosen;
     if (!isChosen) tab->ForeColour = kBlack;
-    tab->BackColour = isChosen ? palette::kOrange : palette::kViolet;
+    tab->Flat = isChosen;
     tab->AccessibleName = isChosen ? tab->Caption.Get() + u", chosen tab" : Text();
   }
 }

@@ -5,6 +5,7 @@
 #include "controls/Button.h"
 #include "controls/Form.h"
 #include "controls/Frame.h"
+#include "controls/Image.h"
 #include "controls/Label.h"
 #include "controls/ProgressBar.h"
 #include "controls/Timer.h"
@@ -25,13 +26,27 @@ void Place(Control& field, TextView name, int left, int top, int width, int heig
 
 void Place(Label& label, TextView caption, int left, int top, int width);
 
+/// A label that heads what stands below it, with a ground of that width behind it.
+void PlaceHeading(Label& label, Image& ground, TextView caption, int left, int top, int width);
+
+/// The ground behind a row of commands, of which the upper edge stands at `commandTop`.
+void PlaceCommandGround(Image& ground, int left, int commandTop, int width);
+
+/// The two sides of a frame around what stands on a screen, from `top` to `bottom`.
+struct Brackets {
+  Image& Left;
+  Image& Right;
+
+  void Place(int left, int right, int top, int bottom) const;
+};
+
 /// Puts a dialog over the middle of its owner, where it has one.
 void PlaceOver(Form& dialog, const Form* owner);
 
 /// The tabs in the first 600 twips of a screen.
 struct TabStrip {
-  Frame& Line;  ///< Runs under all tabs.
-  Frame& Mark;  ///< Joins the chosen one with the line.
+  Image& Line;  ///< Runs under all tabs.
+  Image& Mark;  ///< Stands behind the chosen one and joins it with the line.
   std::array<Button*, 4> Tabs;
 
   void Place(const std::array<TextView, 4>& captions) const;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <optional>
 
@@ -51,6 +52,10 @@ class RowPanel : public Control {
 
   /// The number of the ship row that is the chosen one; it may be that of no row.
   Property<int> ChosenShip{*this, -1};
+
+  /// As Image::Picture, in the order of Picture: what the rows look like. Where there is no such
+  /// picture the view draws a bar with a sign.
+  Property<std::array<Text, 4>> Pictures{*this, {}};
 
   const std::vector<Row>& Rows(Family kind) const { return kind == Family::Menu ? menus_ : ships_; }
 

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include "desktop/LastInput.h"
 #include "desktop/Pictures.h"
 #include "desktop/Skin.h"
 #include "desktop/SkinStyle.h"
@@ -16,11 +17,19 @@ namespace {
 constexpr qreal kOffGround = 0.25;
 constexpr qreal kOffCaption = 0.6;
 
+constexpr qreal kBright = 4;  ///< The contrast to black of what can be read when it is dimmed.
+
 /// The longest time between the two halves of a key's repetition.
 constexpr int kRepetitionMs = 40;
 
 bool IsEnter(const QKeyEvent& event) {
   return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+/// `colour` with the light laid over it.
+QColor Lit(const QColor& colour, const QColor& light) {
+  return Mix(colour, QColor(light.red(), light.green(), light.blue(), colour.alpha()),
+             light.alphaF());
 }
 
 int DegreesFromUp(Button::Arrow glyph) {
@@ -43,9 +52,19 @@ PillButton::PillButton(QWidget* parent) : QAbstractButton(parent) {
   setAttribute(Qt::WA_Hover);
 }
 
-void PillButton::SetColours(const QColor& ground, const QColor& caption) {
+void PillButton::SetLooks(const Look& atRest, const Look& focused) {
+  atRest_ = atRest;
+  focused_ = focused;
+}
+
+void PillButton::SetGround(const QColor& ground, PictureFit fit, bool flat) {
   ground_ = ground;
-  caption_ = caption;
+  fit_ = fit;
+  flat_ = flat;
+}
+
+const PillButton::Look& PillButton::Shown() const {
+  return hasFocus() && LastInput::WasKey() && focused_.caption.alpha() != 0 ? focused_ : atRest_;
 }
 
 QRect PillButton::CaptionArea() const {
@@ -59,46 +78,71 @@ QString PillButton::Elided() const {
 }
 
 void PillButton::paintEvent(QPaintEvent*) {
-  const QColor light = Light();
-  const auto lit = [&](const QColor& colour) {
-    return Mix(colour, QColor(light.red(), light.green(), light.blue(), colour.alpha()),
-               light.alphaF());
-  };
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const bool bare = ground_.alpha() == 0;
+  const QColor light = Light();
   if (!isEnabled()) painter.setOpacity(kOffGround);
-  if (!picture_.isEmpty()) {
-    QColor thin = light;  // A picture keeps its contrasts.
-    thin.setAlpha(light.alpha() / 2);
-    DrawPicture(painter, rect(), picture_, thin);
-  } else if (!bare) {
-    DrawPill(painter, rect(), lit(ground_));
-  }
-  // Dimmed alike, a dark caption would vanish in its bar: it takes the bar's colour instead.
+  const Ground ground = DrawGround(painter, light);
   if (!isEnabled()) painter.setOpacity(kOffCaption);
-  const bool asBar = !bare && !isEnabled();
-  painter.setPen(asBar ? ground_ : bare ? lit(caption_) : caption_);
-  DrawCaption(painter);
-  if (hasFocus()) DrawRing(painter);
+  painter.setPen(CaptionColour(painter, ground, light));
+  if (HasCaption() || ground != Ground::Picture) DrawCaption(painter);
+  if (hasFocus()) DrawRing(painter, ground);
+}
+
+PillButton::Ground PillButton::DrawGround(QPainter& painter, const QColor& light) const {
+  if (flat_) return Ground::None;
+  const Look& look = Shown();
+  if (const QColor middle = PictureGround(painter, look.picture); middle.isValid()) {
+    QColor laid = light;
+    if (HasCaption()) {
+      const double dark = Dimming(look.caption, middle);
+      if (dark > 0) laid = QColor::fromRgbF(0, 0, 0, static_cast<float>(dark));
+    } else {
+      laid.setAlpha(light.alpha() / 2);  // A picture alone keeps its contrasts.
+    }
+    DrawPicture(painter, rect(), look.picture, fit_, laid);
+    return Ground::Picture;
+  }
+  if (ground_.alpha() == 0) return Ground::None;
+  const QColor bar = Lit(ground_, light);
+  DrawPill(painter, rect(), Mix(bar, Qt::black, Dimming(look.caption, bar)));
+  return Ground::Bar;
+}
+
+/// Dimmed like the bar it stands on, a dark caption would vanish: it takes the bar's colour.
+QColor PillButton::CaptionColour(const QPainter& painter, Ground ground,
+                                 const QColor& light) const {
+  const Look& look = Shown();
+  if (ground == Ground::None) return Lit(look.caption, light);
+  if (isEnabled()) return look.caption;
+  const QColor middle = PictureGround(painter, look.picture);
+  return middle.isValid() && Contrast(middle, Qt::black) > kBright ? middle : ground_;
 }
 
 /// What the button's state lays over its colours.
 QColor PillButton::Light() const {
   if (!isEnabled()) return Qt::transparent;
   if (isDown()) return {0, 0, 0, 64};
-  if (underMouse()) return {255, 255, 255, 89};
+  if (underMouse() && !litByModel_) return {255, 255, 255, 89};
   return Qt::transparent;
 }
 
-/// The mark of the focus: within a bar, around a picture.
-void PillButton::DrawRing(QPainter& painter) const {
-  const qreal inset = picture_.isEmpty() ? 2.5 : 0.75;
+/// The mark of the focus: within a bar, around a picture that stands alone.
+void PillButton::DrawRing(QPainter& painter, Ground ground) const {
+  const bool around = ground == Ground::Picture && !HasCaption();
+  const qreal inset = around ? 0.75 : 2.5;
   const QRectF ring = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
-  const qreal radius = picture_.isEmpty() ? std::min(ring.width(), ring.height()) / 2 : 5;
+  const qreal roundEnds = std::min(ring.width(), ring.height()) / 2;
+  const qreal radius = around ? 5 : rounding_ > 0 ? rounding_ : roundEnds;
   painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(caption_, 1.5));
+  const bool onBlack = around && focused_.caption.alpha() != 0;
+  painter.setPen(QPen(onBlack ? focused_.caption : Shown().caption, 1.5));
   painter.drawRoundedRect(ring, radius, radius);
+}
+
+void PillButton::mousePressEvent(QMouseEvent* event) {
+  update();  // The keyboard's look goes.
+  QAbstractButton::mousePressEvent(event);
 }
 
 /// In the painter's pen.
@@ -119,6 +163,7 @@ void PillButton::DrawCaption(QPainter& painter) const {
 }
 
 void PillButton::keyPressEvent(QKeyEvent* event) {
+  update();  // With the keyboard's look.
   if (IsHeldBy(*event)) {
     letGo_.stop();
     if (!isDown()) {
@@ -177,9 +222,12 @@ ButtonView::ButtonView(Button& model, QWidget* parent) : ViewOf(model, new PillB
 void ButtonView::Apply() {
   const QString caption = ToQt(model_.Caption);
   if (face_.text() != caption) face_.setText(caption);
-  face_.SetColours(ToQt(model_.BackColour), ToQt(model_.ForeColour));
+  face_.SetLooks({ToQt(model_.ForeColour), ToQt(model_.Picture)},
+                 {ToQt(model_.FocusColour), ToQt(model_.FocusPicture)});
+  face_.SetGround(ToQt(model_.BackColour), model_.Fit, model_.Flat);
+  face_.SetRounding(ToPixels(model_.Rounding));
   face_.SetGlyph(model_.Glyph);
-  face_.SetPicture(ToQt(model_.Picture));
+  face_.SetLitByModel(model_.OnMouseMove != nullptr);
   ApplyCommon();
   if (!model_.Link) return;
   QFont underlined = face_.font();

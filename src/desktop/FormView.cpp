@@ -91,6 +91,7 @@ void FormView::Apply() {
     face_.setAccessibleName(ToQt(model_.AccessibleName));
   }
   face_.SetColour(ToQt(model_.BackColour));
+  WatchPointer(*Ground());
   ApplyPlace();
   ApplyUse();
   ApplyShown();

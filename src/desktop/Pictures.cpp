@@ -1,31 +1,141 @@
 #include "desktop/Pictures.h"
 
 #include <QDir>
+#include <QHash>
+#include <QImage>
 #include <QPainter>
-#include <QPixmap>
-#include <QPixmapCache>
+#include <array>
+#include <cmath>
+
+#include "desktop/Skin.h"
+#include "platform/HostMachine.h"
 
 namespace tarvo {
+namespace {
 
-void DrawPicture(QPainter& painter, const QRect& area, const QString& name, const QColor& light) {
-  if (name.isEmpty() || area.isEmpty()) return;
-  const bool dense = painter.device()->devicePixelRatioF() > 1;
-  const QString key = name + (dense ? QStringLiteral("@2x") : QString());
-  QPixmap picture;
-  if (!QPixmapCache::find(key, &picture)) {
+struct Picture {
+  QImage image;  ///< Null where there is none.
+  QColor ground;
+  qreal density = 1;
+};
+
+QString HostFile(const QString& name) {
+  if (name.startsWith(QLatin1String(":/"))) return name;
+  return QString::fromStdString(HostPath(FromQt(name)));
+}
+
+/// The mean of the middle: of half of the width and half of the height.
+QColor MeanOfMiddle(const QImage& image) {
+  const QSize quarter = image.size() / 4;
+  const QImage middle = image.copy(quarter.width(), quarter.height(),
+                                   std::max(1, image.width() / 2), std::max(1, image.height() / 2));
+  return middle.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
+}
+
+Picture Read(const QString& name, bool dense) {
+  Picture picture;
+  if (dense) {
     QString file = name;
-    if (dense) file.insert(file.lastIndexOf(QLatin1Char('.')), QStringLiteral("@2x"));
-    if (!picture.load(file)) picture.load(name);
-    QPixmapCache::insert(key, picture);
+    file.insert(file.lastIndexOf(QLatin1Char('.')), QStringLiteral("@2x"));
+    if (picture.image.load(HostFile(file))) picture.density = 2;
   }
-  if (picture.isNull()) return;
-  if (light.alpha() > 0) {
-    QPainter over(&picture);
-    over.setCompositionMode(QPainter::CompositionMode_SourceAtop);
-    over.fillRect(picture.rect(), light);
+  if (picture.image.isNull()) picture.image.load(HostFile(name));
+  if (picture.image.isNull()) return picture;
+  const bool seeThrough = picture.image.hasAlphaChannel();
+  picture.image.convertTo(seeThrough ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+  picture.ground = MeanOfMiddle(picture.image);
+  return picture;
+}
+
+const Picture& PictureOf(const QPainter& painter, const QString& name) {
+  static QHash<QString, Picture> known;
+  const bool dense = painter.device()->devicePixelRatioF() > 1;
+  const QString key = dense ? name + QStringLiteral("@2x") : name;
+  auto at = known.constFind(key);
+  if (at == known.constEnd()) at = known.insert(key, Read(name, dense));
+  return *at;
+}
+
+/// A part of a length: where it begins, and how long it is.
+struct Span {
+  qreal from, length;
+};
+
+/// Two ends and what is between them.
+std::array<Span, 3> Sliced(const Span& whole, qreal end) {
+  const qreal middle = whole.length - 2 * end;
+  return {Span{whole.from, end}, {whole.from + end, middle}, {whole.from + end + middle, end}};
+}
+
+/// Ends half as long as the picture is thick, in whole pixels of screen and picture.
+void DrawSliced(QPainter& painter, const QRectF& area, const QImage& image, bool across) {
+  const qreal pixel = 1 / painter.device()->devicePixelRatioF();
+  const auto along = [=](const QRectF& whole) {
+    return across ? Span{whole.left(), whole.width()} : Span{whole.top(), whole.height()};
+  };
+  const auto thick = [=](const QRectF& whole) {
+    return across ? Span{whole.top(), whole.height()} : Span{whole.left(), whole.width()};
+  };
+  const auto part = [=](const Span& length, const Span& thickness) {
+    return across ? QRectF(length.from, thickness.from, length.length, thickness.length)
+                  : QRectF(thickness.from, length.from, thickness.length, length.length);
+  };
+  const QRectF source = image.rect();
+  const qreal scale = thick(area).length / thick(source).length;
+  const qreal end =
+      std::min(std::ceil(thick(source).length / 2), std::floor(along(source).length / 2));
+  const qreal half = std::floor(along(area).length / pixel / 2) * pixel;
+  const auto from = Sliced(along(source), end);
+  const auto to = Sliced(along(area), std::min(std::round(end * scale / pixel) * pixel, half));
+  for (std::size_t i = 0; i < to.size(); ++i) {
+    painter.drawImage(part(to[i], thick(area)), image, part(from[i], thick(source)));
   }
+}
+
+QRectF NaturalArea(const QRectF& area, const Picture& picture) {
+  QSizeF size = QSizeF(picture.image.size()) / picture.density;
+  if (size.width() > area.width() || size.height() > area.height()) {
+    size.scale(area.size(), Qt::KeepAspectRatio);
+  }
+  const QPointF corner(area.left() + std::floor((area.width() - size.width()) / 2),
+                       area.top() + std::floor((area.height() - size.height()) / 2));
+  return {corner, size};
+}
+
+QImage Lit(QImage image, const QColor& light) {
+  QPainter over(&image);
+  over.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+  over.fillRect(image.rect(), light);
+  return image;
+}
+
+}  // namespace
+
+bool DrawPicture(QPainter& painter, const QRect& area, const QString& name, PictureFit fit,
+                 const QColor& light) {
+  if (name.isEmpty()) return false;
+  const Picture& picture = PictureOf(painter, name);
+  if (picture.image.isNull()) return false;
+  if (area.isEmpty()) return true;
+  const QImage image = light.alpha() > 0 ? Lit(picture.image, light) : picture.image;
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawPixmap(area, picture, picture.rect());
+  switch (fit) {
+    case PictureFit::Across:
+    case PictureFit::Down:
+      DrawSliced(painter, area, image, fit == PictureFit::Across);
+      break;
+    case PictureFit::Natural:
+      painter.drawImage(NaturalArea(area, picture), image, image.rect());
+      break;
+    case PictureFit::Stretched:
+      painter.drawImage(area, image, image.rect());
+      break;
+  }
+  return true;
+}
+
+QColor PictureGround(const QPainter& painter, const QString& name) {
+  return name.isEmpty() ? QColor() : PictureOf(painter, name).ground;
 }
 
 QIcon ProgramIcon() {

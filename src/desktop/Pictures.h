@@ -5,15 +5,23 @@
 #include <QRect>
 #include <QString>
 
+#include "controls/PictureFit.h"
+
 class QPainter;
 
 namespace tarvo {
 
-/// Draws the picture of that name, as in Image::Picture, to fill the area; nothing where there is
-/// none. A file "name@2x.png" beside "name.png" serves dense screens. The light is laid over what
-/// the picture covers.
-void DrawPicture(QPainter& painter, const QRect& area, const QString& name,
-                 const QColor& light = Qt::transparent);
+/// Pictures by their names as in Image::Picture. A file "name@2x.bmp" beside "name.bmp" serves
+/// dense screens. A picture is read when it is first drawn, once for all controls.
+
+/// Draws the picture into the area. The light is laid over what the picture covers. Draws nothing
+/// and gives false where there is no such picture.
+bool DrawPicture(QPainter& painter, const QRect& area, const QString& name,
+                 PictureFit fit = PictureFit::Stretched, const QColor& light = Qt::transparent);
+
+/// The colour that a caption in the middle of the picture stands on; an invalid one where there is
+/// no such picture.
+QColor PictureGround(const QPainter& painter, const QString& name);
 
 /// The program's icon in all its sizes.
 QIcon ProgramIcon();

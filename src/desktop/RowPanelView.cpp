@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "controls/Palette.h"
+#include "desktop/Pictures.h"
 #include "desktop/RowPanelAccess.h"
 #include "desktop/Skin.h"
 #include "desktop/SkinStyle.h"
@@ -118,15 +119,26 @@ void RowPanelFace::paintEvent(QPaintEvent* event) {
   }
 }
 
-void RowPanelFace::DrawRow(QPainter& painter, Place place, const RowPanel::Row& row) const {
+/// Gives the area of the bar, which is darker under a light caption.
+QRect RowPanelFace::DrawBar(QPainter& painter, Place place, const RowPanel::Row& row,
+                            const QColor& ink) const {
   QRect bar = PixelArea(row.PictureArea);
+  const Picture shown = model_->PictureOf(place);
+  const QString name = ToQt(model_->Pictures.Get().at(static_cast<std::size_t>(shown)));
+  if (const QColor middle = PictureGround(painter, name); middle.isValid()) {
+    const auto dark = static_cast<float>(Dimming(ink, middle));
+    DrawPicture(painter, bar, name, PictureFit::Across, QColor::fromRgbF(0, 0, 0, dark));
+    return bar;
+  }
   if (place.Kind == Family::Ship) bar.adjust(kShipsInset, 0, -1, 0);
+  DrawPill(painter, bar, Mix(ToQt(GroundOf(shown)), Qt::black, ink.lightness() > 128 ? 0.6 : 0));
+  DrawGlyph(painter, shown, QPointF(bar.left() + kGlyphMiddle, QRectF(bar).center().y()), ink);
+  return bar;
+}
+
+void RowPanelFace::DrawRow(QPainter& painter, Place place, const RowPanel::Row& row) const {
   const QColor ink = ToQt(row.CaptionColour);
-  // A light caption needs a dark ground.
-  const Picture picture = model_->PictureOf(place);
-  const QColor ground = Mix(ToQt(GroundOf(picture)), Qt::black, ink.lightness() > 128 ? 0.6 : 0);
-  DrawPill(painter, bar, ground);
-  DrawGlyph(painter, picture, QPointF(bar.left() + kGlyphMiddle, QRectF(bar).center().y()), ink);
+  const QRect bar = DrawBar(painter, place, row, ink);
   painter.setFont(font());
   painter.setPen(ink);
   const QRect line = PixelArea(row.CaptionArea);

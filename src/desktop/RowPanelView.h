@@ -42,6 +42,8 @@ class RowPanelFace : public QWidget {
   bool event(QEvent* event) override;
 
  private:
+  QRect DrawBar(QPainter& painter, RowPanel::Place place, const RowPanel::Row& row,
+                const QColor& ink) const;
   void DrawRow(QPainter& painter, RowPanel::Place place, const RowPanel::Row& row) const;
   void PointAt(std::optional<RowPanel::Place> place);
   void Settle();

@@ -4,13 +4,18 @@
 #include <QFontDatabase>
 #include <QPalette>
 #include <QToolTip>
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "controls/Palette.h"
+#include "desktop/LastInput.h"
 #include "desktop/SkinStyle.h"
 
 namespace tarvo {
 namespace {
+
+constexpr double kLegible = 3;  ///< The contrast of a short caption that the pointer is on.
 
 struct Face {
   const char* family;
@@ -113,7 +118,27 @@ QColor Mix(const QColor& a, const QColor& b, double share) {
                           part(a.blueF(), b.blueF()), part(a.alphaF(), b.alphaF()));
 }
 
+double Contrast(const QColor& a, const QColor& b) {
+  const auto brightness = [](const QColor& colour) {
+    const auto linear = [](double part) {
+      return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF()) + 0.05;
+  };
+  const auto [dark, light] = std::minmax({brightness(a), brightness(b)});
+  return light / dark;
+}
+
+double Dimming(const QColor& caption, const QColor& ground) {
+  if (caption.lightness() < 128) return 0;  // Black only takes from it.
+  double share = 0;
+  while (share < 0.95 && Contrast(caption, Mix(ground, Qt::black, share)) < kLegible) share += 0.05;
+  return share;
+}
+
 void ApplySkin(QApplication& application) {
+  LastInput::Watch(application);
   application.setStyle(new SkinStyle);
   const QPalette dark = DarkPalette();
   application.setPalette(dark);

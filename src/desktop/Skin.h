@@ -42,6 +42,12 @@ QRect PixelRect(const Control& control);
 /// `a` with `share` (0 to 1) of it replaced by `b`.
 QColor Mix(const QColor& a, const QColor& b, double share);
 
+/// How well the one can be told from the other: 1 for not at all to 21 for black from white.
+double Contrast(const QColor& a, const QColor& b);
+
+/// How much black (0 to 1) the ground needs for a caption of that colour to be legible on it.
+double Dimming(const QColor& caption, const QColor& ground);
+
 /// Sets style, palette and font of the whole program once, before the first window.
 void ApplySkin(QApplication& application);
 

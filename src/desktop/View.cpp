@@ -3,12 +3,14 @@
 #include <QPalette>
 
 #include "controls/Palette.h"
+#include "desktop/PointerWatch.h"
 #include "desktop/Skin.h"
 
 namespace tarvo {
 
 void View::ApplyCommon() {
   QWidget& face = *widget_;
+  WatchPointer(face);
   face.setGeometry(PixelRect(*control_));
   const QFont font = ToQt(control_->Font);
   if (face.font() != font) face.setFont(font);
@@ -17,6 +19,12 @@ void View::ApplyCommon() {
   face.setEnabled(control_->Enabled);
   face.setVisible(control_->Visible);
   face.update();
+}
+
+void View::WatchPointer(QWidget& widget) {
+  if (watched_ || !control_->OnMouseMove) return;
+  watched_ = true;
+  new PointerWatch(*this, widget);
 }
 
 void View::ApplyFieldColours() {

@@ -40,6 +40,9 @@ class View {
   /// Place, visibility, use, font and accessible name.
   void ApplyCommon();
 
+  /// Tells the model of the pointer over `widget`, where the model listens.
+  void WatchPointer(QWidget& widget);
+
   /// The palette of fields and lists: ground and text, and a highlight made of the text's colour.
   void ApplyFieldColours();
 
@@ -47,6 +50,7 @@ class View {
   Control* control_;
   QPointer<QWidget> widget_;
   bool live_ = true;
+  bool watched_ = false;
 };
 
 /// A view that knows what it shows, and with what.

@@ -222,20 +222,15 @@ void frmGameTools::ShowMenuPicture(int index, Picture picture) {
 
 /// One row is lit until the pointer has crossed the free part of the panel.
 void frmGameTools::PointAtRow(RowPanel::Place place) {
-  if (!overTree_) {
-    PlayEffect(app_, u"OverBeep.wav", kPlayUnlessBusy);
-    fraQBMenu.Edit(place.Kind)[place.Index].CaptionColour = kWhite;
-  }
-  overTree_ = true;
+  const auto colour = Skin.EnterRow(place.Kind == Family::Menu ? u"imgQBMenu" : u"imgQBShip");
+  if (colour) fraQBMenu.Edit(place.Kind)[place.Index].CaptionColour = *colour;
 }
 
 void frmGameTools::PointAtNoRow() {
-  if (overTree_) {
-    for (const Family kind : {Family::Menu, Family::Ship}) {
-      for (RowPanel::Row& row : fraQBMenu.Edit(kind)) row.CaptionColour = kBlack;
-    }
+  if (!Skin.LeaveRows(u"imgQBMenu")) return;
+  for (const Family kind : {Family::Menu, Family::Ship}) {
+    for (RowPanel::Row& row : fraQBMenu.Edit(kind)) row.CaptionColour = kBlack;
   }
-  overTree_ = false;
 }
 
 }  // namespace tarvo

@@ -36,10 +36,12 @@ frmGameTools::frmGameTools(Application& app)
       FileList1(&fraMenus, app.machine.files, ListBox::Selection::Single, u"*.py"),
       FileList4(&fraMenus, app.machine.files, ListBox::Selection::Single, u"*.py"),
       FileList3(&fraIntegrity, app.machine.files, ListBox::Selection::Single, u"*.py"),
+      Skin(app, u"frmGameTools"),
       app_(app) {
   MakeTree();
   HelpPage = u"gametools.html";
   LayOut();
+  NameControls();
   Connect();
   Scroll_Timer.Enabled = false;
   app_.ProgressBars[u"Game Tools"] = &ProgressBar2;
@@ -72,6 +74,7 @@ void frmGameTools::Load() {
 void frmGameTools::LoadSteps() {
   Move(1180, 1740, 6900, 0);
   SoundVolume = 100;
+  Skin.Load();
   BackColour = kBlack;
   for (Frame* area : {&fraShipInfo, &fraMenus, &fraSound, &fraIntegrity}) {
     area->BackColour = kBlack;
@@ -120,6 +123,7 @@ void frmGameTools::ShowTab(const Tab& tab) {
     area->Visible = area == &tab.Area;
   }
   Tabs().Choose(tab.Caption);
+  Skin.TabChosen();
 }
 
 void frmGameTools::lblShipPlugin_Click() {

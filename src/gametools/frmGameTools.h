@@ -14,6 +14,7 @@
 #include "controls/FileListBox.h"
 #include "controls/Form.h"
 #include "controls/Frame.h"
+#include "controls/Image.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
 #include "controls/Placing.h"
@@ -24,6 +25,7 @@
 #include "controls/Timer.h"
 #include "platform/Files.h"
 #include "ships/ShipCheck.h"
+#include "skin/ScreenSkin.h"
 #include "sounds/WeaponNames.h"
 #include "state/Application.h"
 #include "state/FileFacts.h"
@@ -43,12 +45,24 @@ class frmGameTools : public Form {
   void Unload() override;
 
   // The tab strip.
-  Frame fraTabLine{this};         ///< Runs below the tabs, in the colour of the chosen one.
-  Frame imgButtonSelected{this};  ///< Joins the chosen tab to the line.
+  Image imgTabBorder{this};       ///< Runs below the tabs.
+  Image imgButtonSelected{this};  ///< Marks the chosen tab.
   Button lblShipPlugin{this}, lblSoundPlugin{this}, lblMenus{this}, lblChecker{this};
 
+  Frame fraShipInfo{this}, fraSound{this}, fraMenus{this}, fraIntegrity{this};
+
+  // Behind their controls.
+  std::array<Image, 4> imgBoxL{Image{&fraSound}, Image{&fraShipInfo}, Image{&fraIntegrity},
+                               Image{&fraMenus}};
+  std::array<Image, 4> imgBoxR{Image{&fraSound}, Image{&fraShipInfo}, Image{&fraIntegrity},
+                               Image{&fraMenus}};
+  std::array<Image, 3> imgLongLabel{Image{&fraSound}, Image{&fraShipInfo}, Image{&fraIntegrity}};
+  std::array<Image, 5> imgLabel{Image{&fraSound}, Image{&fraSound}, Image{&fraShipInfo},
+                                Image{&fraMenus}, Image{&fraMenus}};
+  std::array<Image, 4> imgCommandBorder{Image{&fraSound}, Image{&fraShipInfo}, Image{&fraIntegrity},
+                                        Image{&fraMenus}};
+
   // Ship Plugin
-  Frame fraShipInfo{this};
   ComboBox cboShipName{&fraShipInfo}, cboSpecies{&fraShipInfo};
   TextBox txtIconName{&fraShipInfo};
   TextBox txtModName{&fraShipInfo}, txtAuthor{&fraShipInfo}, txtVersion{&fraShipInfo};
@@ -57,7 +71,6 @@ class frmGameTools : public Form {
   Button lblMakeShipPlugin{&fraShipInfo}, lblExit{&fraShipInfo};
 
   // Sound Plugin
-  Frame fraSound{this};
   ComboBox cboSoundName{&fraSound};
   ListBox lstWeapons{&fraSound, ListBox::Selection::Single, ListBox::Order::Sorted};
   FileListBox FileListWavs;
@@ -73,7 +86,6 @@ class frmGameTools : public Form {
   FileListBox FileList5;  ///< Never seen: the folder under scan.
 
   // Menus
-  Frame fraMenus{this};
   Frame fraTree{&fraMenus};  ///< The window behind which the tree moves.
   RowPanel fraQBMenu{&fraTree, 120};
   Frame Frame1{&fraMenus};
@@ -87,13 +99,13 @@ class frmGameTools : public Form {
   Button lblEnable{&fraMenus}, lblDisable{&fraMenus}, lblDelete{&fraMenus}, lblExit3{&fraMenus};
 
   // Checker
-  Frame fraIntegrity{this};
   FileListBox FileList3;  ///< Ship scripts.
   TextBox txtFileDisplay{&fraIntegrity}, txtErrorDisplay{&fraIntegrity};
   Button lblExit1{&fraIntegrity};
 
   // Over all of them, while an operation runs
   Frame fraProgress{this};
+  Image imgBorder{&fraProgress};
   Frame fraUpdateProgress{&fraProgress};
   tarvo::ProgressBar ProgressBar{&fraUpdateProgress};   ///< Follows the operation.
   tarvo::ProgressBar ProgressBar2{&fraUpdateProgress};  ///< Follows the reading of a file.
@@ -102,6 +114,7 @@ class frmGameTools : public Form {
   std::deque<Label> labels;  ///< The words beside and above the controls.
 
   Timer Load_Timer{this, 15}, Scroll_Timer{this, 10};
+  ScreenSkin Skin;
 
   // --- fields of the screen ---
   std::int16_t SoundVolume = 100;
@@ -264,7 +277,7 @@ class frmGameTools : public Form {
   void LoadSteps();
   TabStrip Tabs() {
     return {
-        fraTabLine, imgButtonSelected, {&lblShipPlugin, &lblSoundPlugin, &lblMenus, &lblChecker}};
+        imgTabBorder, imgButtonSelected, {&lblShipPlugin, &lblSoundPlugin, &lblMenus, &lblChecker}};
   }
   void LayOut();
   void LayOutShipPlugin();
@@ -273,7 +286,10 @@ class frmGameTools : public Form {
   void LayOutMenus();
   void LayOutChecker();
   void LayOutProgress();
+  Label& AddHeading(Control& parent, Image& ground, TextView caption, int left, int top, int width);
   Label& AddLabel(Control& parent, TextView caption, int left, int top, int width);
+  void NameControls();
+  void NameButtons();
   void Connect();
   std::function<void()> Command(void (frmGameTools::*routine)());
   void ConnectTabs();
@@ -303,8 +319,7 @@ class frmGameTools : public Form {
   void PointAtRow(RowPanel::Place place);
   void PointAtNoRow();
 
-  Text status_;            ///< The status line of the open tab.
-  bool overTree_ = false;  ///< The pointer has come onto a row since it was on no row.
+  Text status_;  ///< The status line of the open tab.
 };
 
 }  // namespace tarvo

@@ -34,8 +34,10 @@ frmPackager::frmPackager(Application& app)
       lstDir(&fraTarvo, app.machine.files),
       lstFileSelect(&fraTarvo, app.machine.files, ListBox::Selection::Toggle),
       lstTarvo(&fraTarvo, app.machine.files, ListBox::Selection::Single, u"*.Tarvo"),
+      Skin(app, u"frmPackager"),
       app_(app) {
   LayOut();
+  NameControls();
   Connect();
   HelpPage = u"packager.html";
   app_.ProgressBars[u"Packager"] = &TarvoProgress;
@@ -51,6 +53,7 @@ frmPackager::~frmPackager() {
 
 void frmPackager::Load() {
   const Text drive = app_.State.GamePath.substr(0, 2);
+  Skin.Load();
   app_.shell->ShowStatus(kStatus);
   Move(1180, 1740, 6900, 0);
   fraTarvo.BackColour = kBlack;
@@ -66,6 +69,18 @@ void frmPackager::Load() {
 
 void frmPackager::Unload() {
   app_.shell->WorkScreenClosed();
+}
+
+void frmPackager::NameControls() {
+  Skin.Name(u"imgLongLabel", imgLongLabel);
+  Skin.Name(u"imgLabel", imgLabel);
+  Skin.Name(u"imgCommandBorder", imgCommandBorder);
+  Skin.Name(u"imgBoxL", imgBoxL);
+  Skin.Name(u"imgBoxR", imgBoxR);
+  Skin.Name(u"imgButton", {{&lblModels}, {&lblScripts}, {&lblPlugins}, {&lblTGL}});
+  Skin.Name(u"imgCommand",
+            {{&lblSave}, {&lblAddAll}, {&lblExit}, {&lblAdd}, {&lblRemove}, {&lblTest}});
+  for (Image& border : imgCommandBorder) Skin.NameSurface(u"imgCommandBorder", border);
 }
 
 void frmPackager::Connect() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <optional>
 
@@ -10,11 +11,13 @@
 #include "controls/FileListBox.h"
 #include "controls/Form.h"
 #include "controls/Frame.h"
+#include "controls/Image.h"
 #include "controls/Label.h"
 #include "controls/ListBox.h"
 #include "controls/ProgressBar.h"
 #include "controls/Timer.h"
 #include "platform/Files.h"
+#include "skin/ScreenSkin.h"
 #include "state/Application.h"
 
 namespace tarvo {
@@ -30,6 +33,12 @@ class frmPackager : public Form {
   void Unload() override;
 
   Frame fraTarvo{this};
+
+  // Behind the controls.
+  Image imgBoxL{&fraTarvo}, imgBoxR{&fraTarvo};
+  Image imgLongLabel{&fraTarvo}, imgLabel{&fraTarvo};
+  std::array<Image, 3> imgCommandBorder{Image{&fraTarvo}, Image{&fraTarvo}, Image{&fraTarvo}};
+
   Label Label1{&fraTarvo};
   Button lblModels{&fraTarvo}, lblScripts{&fraTarvo}, lblPlugins{&fraTarvo}, lblTGL{&fraTarvo};
   DriveListBox lstDrive;
@@ -48,6 +57,7 @@ class frmPackager : public Form {
   ProgressBar TarvoProgress{&fraUpdateProgress};
   Label lblFile{&fraUpdateProgress};
   Timer Load_Timer{this, 15};
+  ScreenSkin Skin;
 
   /// The files of the package at hand, each followed by CR LF. Entry number n is item number n of
   /// lstFile; InstallPackage alone leaves the two apart.
@@ -77,6 +87,7 @@ class frmPackager : public Form {
   void LayOut();
   void LayOutLists();
   void LayOutCommands();
+  void NameControls();
   void Connect();
   void FillPackageNames();
   void ShowShortcut(const Text& root, TextView below);

@@ -23,13 +23,18 @@
 namespace tarvo {
 
 frmMainMenu::frmMainMenu(Application& app)
-    : Form(Style::Child, app.MainForm), MediaPlayer1(this, app.machine.video), app_(app) {
+    : Form(Style::Child, app.MainForm),
+      MediaPlayer1(this, app.machine.video),
+      Skin(app, u"frmMainMenu"),
+      app_(app) {
   LayOut();
+  NameControls();
   Connect();
 }
 
 void frmMainMenu::Load() {
   Move(0, 0, 1, 7185);
+  Skin.Load();
   LoadVideo();
 }
 
@@ -107,6 +112,8 @@ void frmMainMenu::LayOutDecoration() {
     fraBars[i].BackColour = kBars[i].colour;
     fraBars[i].Move(kBars[i].left, kBars[i].top, kBars[i].width, kBars[i].height);
   }
+  imgLCARS.Move(0, 1320, 9585, 5790);
+  imgMenuBorders.Move(0, 0, 9600, 1440);
   MediaPlayer1.Move(1200, 4800, 3735, 1935);
   int top = 2040;
   for (Label& digits : lblDigits) {
@@ -116,6 +123,15 @@ void frmMainMenu::LayOutDecoration() {
     digits.Move(8190, top, 1095, 300);
     top += 645;
   }
+}
+
+void frmMainMenu::NameControls() {
+  Skin.Name(
+      u"imgButton",
+      {{&lblGameTools}, {&lblTGLTools}, {&lblPackager}, {&lblOptions}, {&lblHelp}, {&lblExit}});
+  Skin.Name(u"imgLCARS", imgLCARS);
+  Skin.Name(u"imgMenuBorders", imgMenuBorders);
+  Skin.NameSurface(u"imgMenuBorders", imgMenuBorders);
 }
 
 void frmMainMenu::Connect() {

@@ -5,9 +5,11 @@
 #include "controls/Button.h"
 #include "controls/Form.h"
 #include "controls/Frame.h"
+#include "controls/Image.h"
 #include "controls/Label.h"
 #include "controls/MediaPlayer.h"
 #include "controls/Timer.h"
+#include "skin/ScreenSkin.h"
 #include "state/Application.h"
 
 namespace tarvo {
@@ -30,7 +32,9 @@ class frmMainMenu : public Form {
   /// A work screen has closed: its button and the menu are switched on again.
   void TakeOver();
 
+  /// What shows where the two pictures are missing.
   std::array<Frame, 5> fraBars{Frame{this}, Frame{this}, Frame{this}, Frame{this}, Frame{this}};
+  Image imgLCARS{this}, imgMenuBorders{this};
   Button lblGameTools{this}, lblTGLTools{this}, lblPackager{this}, lblOptions{this}, lblHelp{this},
       lblExit{this};
   Label lblName{this};
@@ -41,10 +45,12 @@ class frmMainMenu : public Form {
   MediaPlayer MediaPlayer1;
   Timer Digits_Timer{this, 1500};
   Timer MainMenu_Timer{this, 15};
+  ScreenSkin Skin;
 
  private:
   void LayOut();
   void LayOutDecoration();
+  void NameControls();
   void Connect();
   void ChangeDigits();
 

@@ -36,9 +36,11 @@ frmOptions::frmOptions(Application& app)
       MediaPlayer1(this, app.machine.video),
       lstDir(this, app.machine.files),
       lstDrive(this, app.machine.files),
+      Skin(app, u"frmOptions"),
       app_(app) {
   HelpPage = u"options.html";
   LayOut();
+  NameControls();
   // What stands there as long as no game is known.
   Guarded([this] { lstDir.SetPath(RootOf(lstDrive.Drive())); });
   Connect();
@@ -50,8 +52,12 @@ void frmOptions::LayOut() {
   fraPicture.BackColour = palette::kPanel;
   imgPicture.Picture = u":/icon/256.png";
   imgPicture.Move(593, 323, 1920, 1920);
+  imgBorder.Move(0, 120, 6900, 120);
+  PlaceHeading(Label1, imgLongLabel, u"Current Selected Folder for Modifications", 3390, 390, 3450);
+  Brackets{imgBoxL, imgBoxR}.Place(3195, 6900, 330, 3165);
+  imgCommandBorder[0].Move(4950, 4148, 1950, 450);
+  imgCommandBorder[1].Move(4950, 4598, 1950, 450);
   MediaPlayer1.Move(0, 720, 3105, 2565);
-  Place(Label1, u"Current Selected Folder for Modifications", 3390, 420, 3360);
   Place(lstDir, u"Folders", 3390, 720, 3360, 1980);
   Place(lstDrive, u"Drive", 3390, 2760, 3360);
   Place(lblHolds, {}, 3390, 3165, 3360);
@@ -61,11 +67,22 @@ void frmOptions::LayOut() {
   Place(chkPacHelper, u"Enable Pac-Man Helper on Startup", 3480);
   Place(chkSoundFX, u"Enable Sound FX!", 4020);
   Place(chkVideoFX, u"Enable Video FX!", 4560);
-  Place(lblSave, u"Save Changes", palette::kOrange, 5100, 4230, 1650);
-  Place(lblExit, u"Exit", palette::kViolet, 5100, 4635, 1650);
+  Place(lblSave, u"Save Changes", palette::kOrange, 5100, 4200, 1650);
+  Place(lblExit, u"Exit", palette::kViolet, 5100, 4650, 1650);
+}
+
+void frmOptions::NameControls() {
+  Skin.Name(u"imgBorder", imgBorder);
+  Skin.Name(u"imgLongLabel", imgLongLabel);
+  Skin.Name(u"imgBoxL", imgBoxL);
+  Skin.Name(u"imgBoxR", imgBoxR);
+  Skin.Name(u"imgCommandBorder", imgCommandBorder);
+  Skin.Name(u"imgCommand", {{&lblSave}, {&lblExit}});
+  for (Image& border : imgCommandBorder) Skin.NameSurface(u"imgCommandBorder", border);
 }
 
 void frmOptions::Load() {
+  Skin.Load();
   const auto show = [this](CheckBox& box, TextView key, TextView fallback) {
     box.Checked = StoredFlag(app_.machine.settings.Read(kSettingsApplication, kSettingsSection, key,
                                                         fallback))

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+
 #include "controls/Button.h"
 #include "controls/CheckBox.h"
 #include "controls/DirListBox.h"
@@ -10,6 +12,7 @@
 #include "controls/Label.h"
 #include "controls/MediaPlayer.h"
 #include "controls/Timer.h"
+#include "skin/ScreenSkin.h"
 #include "state/Application.h"
 
 namespace tarvo {
@@ -23,6 +26,10 @@ class frmOptions : public Form {
   void Load() override;
   void Unload() override;
 
+  // Behind the controls.
+  Image imgBorder{this}, imgBoxL{this}, imgBoxR{this}, imgLongLabel{this};
+  std::array<Image, 2> imgCommandBorder{Image{this}, Image{this}};
+
   Frame fraPicture{this};
   Image imgPicture{&fraPicture};
   MediaPlayer MediaPlayer1;
@@ -34,6 +41,7 @@ class frmOptions : public Form {
   CheckBox chkPacHelper{this}, chkSoundFX{this}, chkVideoFX{this};
   Button lblSave{this}, lblExit{this};
   Timer Load_Timer{this, 15};
+  ScreenSkin Skin;
 
   /// Stores what the screen shows, and closes it. A folder without the game changes nothing. A
   /// setting that can't be stored ends it, and what was stored before that stands; both are told.
@@ -41,6 +49,7 @@ class frmOptions : public Form {
 
  private:
   void LayOut();
+  void NameControls();
   void Connect();
   void ShowFolder();
   bool Store(const Text& folder);

@@ -21,14 +21,17 @@ frmTGLTools::frmTGLTools(Application& app)
       FileList1(&fraShipTGL, app.machine.files, ListBox::Selection::Single, u"*.py"),
       File2(&fraGameTGL, app.machine.files, ListBox::Selection::Toggle, u"*.TGL"),
       MediaPlayer1(this, app.machine.video),
+      Skin(app, u"frmTGLTools"),
       app_(app) {
   HelpPage = u"tgltools.html";
   LayOut();
+  NameControls();
   Connect();
 }
 
 void frmTGLTools::Load() {
   Move(1180, 1740, 6900, 0);
+  Skin.Load();
   const Text definitions = app_.ProgramFolder + u"\\ShipTGLs\\";
   Guarded([&] { FileList.SetPath(definitions); });
   Guarded([&] { File2.SetPath(definitions); });
@@ -41,6 +44,26 @@ void frmTGLTools::Load() {
 
 void frmTGLTools::Unload() {
   app_.shell->WorkScreenClosed();
+}
+
+void frmTGLTools::NameControls() {
+  Skin.Name(u"imgTabBorder", imgTabBorder);
+  Skin.Name(u"imgButtonSelected", imgButtonSelected);
+  Skin.Name(u"imgLabel", imgLabel);
+  Skin.Name(u"imgLongLabel", imgLongLabel);
+  Skin.Name(u"imgBoxL", imgBoxL);
+  Skin.Name(u"imgBoxR", imgBoxR);
+  Skin.Name(u"imgCommandBorder", imgCommandBorder);
+  Skin.Name(u"imgButton", {{&lblNewTGL}, {&lblEditTGL}, {&lblDeleteTGL}, {&lblGameTGL}});
+  Skin.Name(u"imgCommand", {{&lblNew, &lblEdit, &lblDelete},
+                            {&lblExit},
+                            {&lblExit1},
+                            {&lblUpdateGame},
+                            {&lblUpdateAllGameTGL}});
+  Skin.NameSurface(u"frmTGLTools", *this);
+  Skin.NameSurface(u"imgTabBorder", imgTabBorder);
+  Skin.NameSurface(u"fraShipTGL", fraShipTGL);
+  Skin.NameSurface(u"fraGameTGL", fraGameTGL);
 }
 
 void frmTGLTools::Connect() {
@@ -102,6 +125,7 @@ void frmTGLTools::Open(const Tab& tab) {
   BeginCommand();
   if (app_.State.PacHelper) app_.dialogue.PacMsg(tab.Hint, Title::Information);
   Tabs().Choose(tab.Caption);
+  Skin.TabChosen();
   for (Frame* frame : {&fraShipTGL, &fraGameTGL}) frame->Visible = frame == &tab.Shown;
   MediaPlayer1.Visible = fraGameTGL.Visible;
 }

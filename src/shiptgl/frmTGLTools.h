@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <vector>
 
 #include "controls/Button.h"
@@ -7,6 +8,7 @@
 #include "controls/FileListBox.h"
 #include "controls/Form.h"
 #include "controls/Frame.h"
+#include "controls/Image.h"
 #include "controls/Label.h"
 #include "controls/MediaPlayer.h"
 #include "controls/Placing.h"
@@ -14,6 +16,7 @@
 #include "controls/TextBox.h"
 #include "controls/Timer.h"
 #include "shiptgl/ShipDefinition.h"
+#include "skin/ScreenSkin.h"
 #include "state/Application.h"
 #include "state/Dialogue.h"
 
@@ -28,11 +31,18 @@ class frmTGLTools : public Form {
   void Load() override;
   void Unload() override;
 
-  Frame fraTabLine{this};
-  Frame imgButtonSelected{this};  ///< Marks the open tab.
+  Image imgTabBorder{this};       ///< Runs below the tabs.
+  Image imgButtonSelected{this};  ///< Marks the open tab.
   Button lblNewTGL{this}, lblEditTGL{this}, lblDeleteTGL{this}, lblGameTGL{this};
 
-  Frame fraShipTGL{this};
+  Frame fraShipTGL{this}, fraGameTGL{this};
+
+  // Behind the controls.
+  std::array<Image, 2> imgBoxL{Image{&fraShipTGL}, Image{&fraGameTGL}};
+  std::array<Image, 2> imgBoxR{Image{&fraShipTGL}, Image{&fraGameTGL}};
+  Image imgLabel{&fraShipTGL}, imgLongLabel{&fraGameTGL};
+  std::array<Image, 2> imgCommandBorder{Image{&fraShipTGL}, Image{&fraGameTGL}};
+
   Label lblShipName{&fraShipTGL};
   ComboBox cboShipNames{&fraShipTGL};
   Label lblDefinitions{&fraShipTGL};
@@ -52,7 +62,6 @@ class frmTGLTools : public Form {
   TextBox txtTactics{&fraShipTGL};
   Button lblNew{&fraShipTGL}, lblEdit{&fraShipTGL}, lblDelete{&fraShipTGL}, lblExit{&fraShipTGL};
 
-  Frame fraGameTGL{this};
   Label lblMerge{&fraGameTGL};
   FileListBox File2;  ///< The definitions again, of which several can be selected.
   Button lblUpdateGame{&fraGameTGL}, lblUpdateAllGameTGL{&fraGameTGL}, lblExit1{&fraGameTGL};
@@ -65,6 +74,7 @@ class frmTGLTools : public Form {
   Label lblFile{&fraUpdateProgress};
 
   Timer Load_Timer{this, 15};
+  ScreenSkin Skin;
 
   void lblNewTGL_Click();
   void lblEditTGL_Click();
@@ -104,12 +114,13 @@ class frmTGLTools : public Form {
   struct Tab;
 
   TabStrip Tabs() {
-    return {fraTabLine, imgButtonSelected, {&lblNewTGL, &lblEditTGL, &lblDeleteTGL, &lblGameTGL}};
+    return {imgTabBorder, imgButtonSelected, {&lblNewTGL, &lblEditTGL, &lblDeleteTGL, &lblGameTGL}};
   }
   void LayOut();
   void LayOutFields();
   void LayOutCommands();
   void LayOutGame();
+  void NameControls();
   void LoadVideo();
   void Connect();
   void Open(const Tab& tab);

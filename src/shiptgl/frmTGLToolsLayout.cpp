@@ -21,6 +21,10 @@ void frmTGLTools::LayOut() {
     frame->Move(0, 600, 6900, 4465);
   }
   Tabs().Place({u"New TGL", u"Edit TGL", u"Delete TGL", u"Game TGL"});
+  for (std::size_t i = 0; i < imgBoxL.size(); ++i) {
+    Brackets{imgBoxL[i], imgBoxR[i]}.Place(0, 6900, 15, 3630);
+    PlaceCommandGround(imgCommandBorder[i], 0, kCommandTop, 6900);
+  }
   LayOutFields();
   LayOutCommands();
   LayOutGame();
@@ -30,7 +34,7 @@ void frmTGLTools::LayOut() {
 
 /// The definitions on the left, the texts of one of them on the right.
 void frmTGLTools::LayOutFields() {
-  Place(lblDefinitions, u"Ship TGLs", 150, 97, 1800);
+  PlaceHeading(lblDefinitions, imgLabel, u"Ship TGLs", 150, 97, 1800);
   Place(FileList, u"Ship TGLs", 150, 450, 1800, 3120);
   FileList1.Visible = false;
   Place(lblShipName, cboShipNames, u"Ship Name", 60, 345);
@@ -51,7 +55,7 @@ void frmTGLTools::LayOutCommands() {
 }
 
 void frmTGLTools::LayOutGame() {
-  Place(lblMerge, u"Choose the Ship TGLs to put into the Game", 150, 97, 6600);
+  PlaceHeading(lblMerge, imgLongLabel, u"Choose the Ship TGLs to put into the Game", 150, 97, 6600);
   Place(File2, u"Ship TGLs", 150, 450, 6600, 3120);
   MediaPlayer1.Visible = false;
   MediaPlayer1.Move(3165, 1050, 3585, 2685);

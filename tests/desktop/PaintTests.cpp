@@ -102,7 +102,7 @@ TEST(Pictures, LightFallsOnWhatAPictureCoversAlone) {
   QImage screen(41, 41, QImage::Format_ARGB32_Premultiplied);
   screen.fill(Qt::transparent);
   QPainter painter(&screen);
-  DrawPicture(painter, screen.rect(), ":/assistant/warning.png", Qt::white);
+  DrawPicture(painter, screen.rect(), ":/assistant/warning.png", PictureFit::Stretched, Qt::white);
   painter.end();
   EXPECT_EQ(screen.pixelColor(10, 18), QColor(Qt::white));
   EXPECT_EQ(screen.pixelColor(40, 0).alpha(), 0);

@@ -8,12 +8,13 @@
 #include "Figure.h"
 #include "Icon.h"
 #include "Poses.h"
+#include "Skin.h"
 
 namespace {
 
 bool Write(const QImage& picture, const QString& file) {
-  QImageWriter writer(file, "png");
-  writer.setCompression(100);
+  QImageWriter writer(file);  // In the format that the name tells.
+  if (file.endsWith(".png")) writer.setCompression(100);
   if (QDir().mkpath(QFileInfo(file).path()) && writer.write(picture)) return true;
   std::fprintf(stderr, "art: can't write %s\n", qPrintable(file));
   return false;
@@ -27,10 +28,11 @@ bool WriteIcons(const QString& folder, QImage (*draw)(int), std::initializer_lis
   return all;
 }
 
-/// FOLDER/NAME.png and, twice as dense, FOLDER/NAME@2x.png.
-bool WriteBoth(const QString& folder, const QString& name, const std::function<QImage(int)>& draw) {
-  return Write(draw(1), folder + '/' + name + ".png") &&
-         Write(draw(2), folder + '/' + name + "@2x.png");
+/// FOLDER/NAME and, twice as dense, FOLDER/NAME@2x, each with the format behind it.
+bool WriteBoth(const QString& folder, const QString& name, const std::function<QImage(int)>& draw,
+               const QString& format = ".png") {
+  return Write(draw(1), folder + '/' + name + format) &&
+         Write(draw(2), folder + '/' + name + "@2x" + format);
 }
 
 bool WriteAssistant(const QString& folder) {
@@ -49,6 +51,16 @@ bool WriteAssistant(const QString& folder) {
   return all;
 }
 
+bool WriteSkin(const QString& folder) {
+  bool all = true;
+  for (const tarvo::art::SkinPicture& picture : tarvo::art::SkinPictures()) {
+    all &= WriteBoth(
+        folder, picture.name, [&](int density) { return tarvo::art::Drawn(picture, density); },
+        ".bmp");
+  }
+  return all;
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -63,5 +75,6 @@ int main(int count, char** arguments) {
   all &= WriteIcons(folder + "/packaging/icons/mimetypes", tarvo::art::PackageIcon,
                     {16, 22, 24, 32, 48, 64, 128, 256});
   all &= WriteAssistant(resources + "/assistant");
+  all &= WriteSkin(folder + "/data/Gfx");
   return all ? 0 : 1;
 }

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QColor>
+#include <QRectF>
+#include <functional>
+
+#include "controls/Button.h"
+
+class QPainter;
+
+namespace tarvo::art {
+
+/// Fills an area in pixels at normal density with a part of the skin.
+using Drawing = std::function<void(QPainter& painter, const QRectF& area)>;
+
+/// Buttons and rows. From left to right each is uniform between ends half as long as it is high, so
+/// that it can be stretched there. One with a ground is open: dark, with a rim and ends in the
+/// colour.
+Drawing Pill(const QColor& colour);
+Drawing OpenPill(const QColor& colour, const QColor& ground, double end);
+Drawing Tab(const QColor& colour);
+Drawing OpenTab(const QColor& colour, const QColor& ground);
+Drawing Arrow(Button::Arrow arrow, const QColor& disc, const QColor& sign);
+Drawing OpenArrow(Button::Arrow arrow, const QColor& colour, const QColor& ground);
+enum class Sign { Closed, Open, Dot };
+Drawing Row(const QColor& colour, Sign sign, const QColor& ink);
+Drawing LitRow(const QColor& colour, const QColor& rim);
+
+/// Grounds and frames.
+Drawing Heading(const QColor& accent, const QColor& ground);
+Drawing CommandRow(const QColor& colour);
+Drawing TabLine(const QColor& colour, const QColor& end);
+enum class Side { Left, Right };
+Drawing Bracket(Side side, const QColor& colour);
+
+/// The part of the main menu's ground that begins `top` below its upper edge. Parts overlap alike.
+Drawing MenuGround(int top);
+
+/// A rectangle with its own roundings at the upper left, upper right, lower right and lower left.
+struct Roundings {
+  double upperLeft, upperRight, lowerRight, lowerLeft;
+};
+void FillRounded(QPainter& painter, const QRectF& area, const Roundings& roundings,
+                 const QBrush& brush);
+
+}  // namespace tarvo::art
