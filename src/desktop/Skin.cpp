@@ -15,7 +15,8 @@
 namespace tarvo {
 namespace {
 
-constexpr double kLegible = 3;  ///< The contrast of a short caption that the pointer is on.
+/// The contrast of a short caption that the pointer is on: 3, and what thin strokes lose of it.
+constexpr double kLegible = 3.2;
 
 struct Face {
   const char* family;
