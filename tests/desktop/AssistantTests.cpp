@@ -53,13 +53,16 @@ class AssistantOnDesk : public Desk {
   MemorySettings settings_;
   MemoryRegistry registry_;
   RecordingSound sound_;
+  RecordingVideo video_;
   FixedLocale locale_;
   ScriptedClock clock_;
   QtWindows windows_;
   NoShell shell_;
   PacDialogue dialogue_{app_};
-  Application app_{
-      {files_, settings_, registry_, sound_, locale_, clock_, windows_}, forms_, dialogue_, u"Z:"};
+  Application app_{{files_, settings_, registry_, sound_, video_, locale_, clock_, windows_},
+                   forms_,
+                   dialogue_,
+                   u"Z:"};
 };
 
 TEST_F(AssistantOnDesk, ATextOfFortyCharactersStandsTwoSeconds) {

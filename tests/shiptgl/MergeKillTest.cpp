@@ -50,8 +50,8 @@ TEST(MergeKill, KilledMergeLeavesEachDatabaseOldOrNew) {
       FailingFiles files(*disk);
       TestMachine& machine = game.machine;
       PacDialogue dialogue(machine.app);
-      Application app({files, machine.settings, machine.registry, machine.sound, machine.locale,
-                       machine.clock, machine},
+      Application app({files, machine.settings, machine.registry, machine.sound, machine.video,
+                       machine.locale, machine.clock, machine},
                       machine, dialogue, machine.ProgramFolder());
       app.State = machine.app.State;
       _exit(UpdateGameTGL(app, u"Nord") ? 0 : 1);

@@ -26,6 +26,7 @@
 #include "platform/Registry.h"
 #include "platform/Settings.h"
 #include "platform/Sound.h"
+#include "platform/Video.h"
 #include "platform/Windows.h"
 #include "platform/posix/HostPaths.h"
 #include "platform/posix/PosixFiles.h"
@@ -43,13 +44,17 @@ namespace tarvo {
 namespace {
 
 /// A machine that only has files.
-struct Nowhere : Settings, Registry, Sound, Locale, Clock, Windows, Dialogue, FormHost {
+struct Nowhere : Settings, Registry, Sound, Video, Locale, Clock, Windows, Dialogue, FormHost {
   Text Read(TextView, TextView, TextView, TextView fallback) override { return Text(fallback); }
   void Write(TextView, TextView, TextView, TextView) override {}
   std::unique_ptr<RegistryKey> OpenKey(std::uint32_t, TextView path) override {
     throw PlatformError(u"open", Text(path), 0);
   }
   void Play(TextView, unsigned) override {}
+  std::unique_ptr<VideoOpening> Open(TextView, int, int,
+                                     std::function<void(VideoPictures)>) override {
+    return nullptr;
+  }
   Text ShortDate() override { return {}; }
   char16_t DecimalMark() override { return u'.'; }
   void Randomize() override {}
@@ -252,8 +257,8 @@ int main(int count, char** arguments) {
   }
   Nowhere nowhere;
   PosixFiles files("");
-  Application app({files, nowhere, nowhere, nowhere, nowhere, nowhere, nowhere}, nowhere, nowhere,
-                  u"Z:\\");
+  Application app({files, nowhere, nowhere, nowhere, nowhere, nowhere, nowhere, nowhere}, nowhere,
+                  nowhere, u"Z:\\");
   try {
     app.Screen<frmMain>();
     if (rows) {
