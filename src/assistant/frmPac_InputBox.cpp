@@ -55,6 +55,8 @@ void frmPac_InputBox::LayOut() {
   Shape2.ForeColour = palette::kPeach;
   lblInput.ForeColour = kWhite;
   lblInput.WordWrap = true;
+  AccessibleName = u"Question";
+  txtInputBox.AccessibleName = u"Answer";
   txtInputBox.BackColour = palette::kPanel;
   txtInputBox.ForeColour = kWhite;
   DefaultButton = &cmdOk;

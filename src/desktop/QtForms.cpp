@@ -13,6 +13,7 @@
 #include "desktop/LabelView.h"
 #include "desktop/Skin.h"
 #include "desktop/ViewFactory.h"
+#include "desktop/WidgetAccess.h"
 
 namespace tarvo {
 
@@ -61,6 +62,7 @@ class Foreground : public QObject {
 }  // namespace
 
 QtForms::QtForms() {
+  MakeWidgetsAccessible();
   QApplication::setQuitOnLastWindowClosed(false);
   updates_.OnFocus = [this](View& view) { Focus(view); };
   QObject::connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock,

@@ -15,6 +15,7 @@ constexpr int kRoomAboveAndBelow = 10;
 
 StatusFace::StatusFace(QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
+  setAccessibleDescription(QStringLiteral("Status line"));  // Else the tooltip with its tags.
   parent->installEventFilter(this);
 }
 

@@ -45,11 +45,11 @@ class frmTGLTools : public Form {
 
   Label lblShipName{&fraShipTGL};
   ComboBox cboShipNames{&fraShipTGL};
-  Label lblLongName{&fraShipTGL};
-  TextBox txtLongName{&fraShipTGL};
   Label lblDefinitions{&fraShipTGL};
   FileListBox FileList;   ///< The definitions.
   FileListBox FileList1;  ///< Never seen: the game's ship plug-ins.
+  Label lblLongName{&fraShipTGL};
+  TextBox txtLongName{&fraShipTGL};
   Label lblDescription{&fraShipTGL};
   TextBox txtDescription{&fraShipTGL};
   Label lblWeapons{&fraShipTGL};

@@ -47,6 +47,7 @@ int WaitUntilSettled(const QRect& area, const QByteArray& old) {
 }  // namespace
 
 int main(int count, char** arguments) {
+  qunsetenv("QT_SCALE_FACTOR");  // Places are in the screen's own pixels, whatever programs show.
   QGuiApplication application(count, arguments);
   const QStringList words = QGuiApplication::arguments().mid(1);
   if ((words.size() == 2 || words.size() == 6) && words[0] == "shot") {
