@@ -9,6 +9,7 @@ constexpr int kTabWidth = 1425;
 constexpr int kTabPitch = 1680;
 constexpr int kTabLeft = 120;
 constexpr int kTabRounding = 90;
+constexpr Colour kChosenTab{204, 102, 0};  ///< Under captions in black and in white.
 constexpr int kHeadingHeight = 270;
 constexpr int kGroundHeight = 510;
 constexpr int kBracketWidth = 180;
@@ -57,9 +58,9 @@ void Brackets::Place(int left, int right, int top, int bottom) const {
 }
 
 void TabStrip::Place(const std::array<TextView, 4>& captions) const {
-  Line.BackColour = palette::kOrange;
+  Line.BackColour = kChosenTab;
   Line.Move(0, 510, kScreenWidth, 120);
-  Mark.BackColour = palette::kOrange;
+  Mark.BackColour = kChosenTab;
   Mark.Move(kTabLeft, 120, kTabWidth, 450);
   int left = kTabLeft;
   for (std::size_t i = 0; i < Tabs.size(); ++i) {

@@ -73,7 +73,7 @@ TEST_F(GameToolsScreen, ATabShowsItsAreaAndTellsWhatItIsFor) {
     }
     EXPECT_TRUE(shown == 1 && item.area.Visible);
     EXPECT_EQ(screen.imgButtonSelected.Left, item.tab.Left.Get());
-    EXPECT_EQ(item.tab.BackColour.Get(), screen.imgButtonSelected.BackColour.Get());
+    EXPECT_TRUE(item.tab.Flat);
   }
 }
 
