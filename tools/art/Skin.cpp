@@ -26,7 +26,7 @@ const QColor kQuietRail = Mix(kViolet, Qt::black, 0.4);
 
 /// Captions on the open tab and on the rows of the tree may be black or white: these grounds lie
 /// between the two.
-const QColor kDeepOrange(222, 112, 10);
+const QColor kDeepOrange(186, 93, 8);
 const QColor kRowViolet(172, 104, 190);
 const QColor kRowBlue(106, 110, 220);
 
@@ -38,7 +38,7 @@ const std::vector<SkinPicture>& Table() {
       {"ButtonBlue_Over", 110, 23, OpenPill(kBlue, kDeepBlue, 4)},
       {"ButtonTab", 95, 23, Tab(kViolet)},
       {"ButtonTab_Over", 95, 23, OpenTab(kViolet, kDeepViolet)},
-      {"ButtonSelected", 95, 30, Tab(kDeepOrange)},
+      {"ButtonSelected", 95, 30, ChosenTab(kDeepOrange)},
       {"TabBorder", 460, 8, TabLine(kDeepOrange, kPeach)},
       {"LabelBlue", 80, 18, Heading(kBlue, kQuietBlue)},
       {"LongLabel", 200, 18, Heading(kOrange, kQuietBlue)},

@@ -130,6 +130,12 @@ Drawing Tab(const QColor& colour) {
   };
 }
 
+Drawing ChosenTab(const QColor& colour) {
+  return [colour](QPainter& painter, const QRectF& area) {
+    FillRounded(painter, area, Tops(kTabRadius), colour);
+  };
+}
+
 Drawing OpenTab(const QColor& colour, const QColor& ground) {
   return [=](QPainter& painter, const QRectF& area) {
     FillRounded(painter, area, Tops(kTabRadius), colour);

@@ -20,6 +20,7 @@ Drawing Pill(const QColor& colour);
 Drawing OpenPill(const QColor& colour, const QColor& ground, double end);
 Drawing Tab(const QColor& colour);
 Drawing OpenTab(const QColor& colour, const QColor& ground);
+Drawing ChosenTab(const QColor& colour);  ///< Flat: its caption may be black or white.
 Drawing Arrow(Button::Arrow arrow, const QColor& disc, const QColor& sign);
 Drawing OpenArrow(Button::Arrow arrow, const QColor& colour, const QColor& ground);
 enum class Sign { Closed, Open, Dot };
