@@ -20,6 +20,13 @@ constexpr Colour kButtonColour{128, 128, 255};
 /// Room for what the desktop draws around a window, in twips.
 constexpr int kWindowFrame = 450;
 
+/// A picture's sign belongs to the caption that its button had first.
+void Rename(Button& button, const Text& caption) {
+  if (caption.empty()) return;
+  button.Caption = caption;
+  button.Picture = Text();
+}
+
 }  // namespace
 
 frmPac_InputBox::frmPac_InputBox(Application& app) : Form(Style::Dialog, app.MainForm), app_(app) {
@@ -59,8 +66,17 @@ void frmPac_InputBox::LayOut() {
   txtInputBox.AccessibleName = u"Answer";
   txtInputBox.BackColour = palette::kPanel;
   txtInputBox.ForeColour = kWhite;
+  SetPictures();
   DefaultButton = &cmdOk;
   CancelButton = &cmdCancel;
+}
+
+void frmPac_InputBox::SetPictures() {
+  cmdOk.Picture = u":/dialog/ok.png";
+  cmdCancel.Picture = u":/dialog/cancel.png";
+  cmdYes.Picture = u":/dialog/yes.png";
+  cmdNo.Picture = u":/dialog/no.png";
+  for (Button* button : {&cmdOk, &cmdCancel, &cmdYes, &cmdNo}) button->Fit = PictureFit::Across;
 }
 
 void frmPac_InputBox::Connect() {
@@ -90,8 +106,8 @@ void frmPac_InputBox::Load() {
   TargetWidth_ = static_cast<float>(Width - 70);
   app_.State.PacHelper ? HangBelowHelper() : StandOverMain();
   Width = 0;
-  if (!app_.State.PacButtonCaptions[0].empty()) cmdYes.Caption = app_.State.PacButtonCaptions[0];
-  if (!app_.State.PacButtonCaptions[1].empty()) cmdNo.Caption = app_.State.PacButtonCaptions[1];
+  Rename(cmdYes, app_.State.PacButtonCaptions[0]);
+  Rename(cmdNo, app_.State.PacButtonCaptions[1]);
 }
 
 void frmPac_InputBox::StandOverMain() {
@@ -100,6 +116,7 @@ void frmPac_InputBox::StandOverMain() {
     Left = main->Left + main->Width / 3;
     BackColour = main->BackColour.Get();
   }
+  for (Button* button : {&cmdOk, &cmdCancel, &cmdYes, &cmdNo}) button->Picture = Text();
   Wake();
 }
 

@@ -40,6 +40,7 @@ class frmPac_InputBox : public Form {
 
  private:
   void LayOut();
+  void SetPictures();
   void Connect();
   void Answer(Button& button, const std::function<Text()>& answer);
   void StandOverMain();

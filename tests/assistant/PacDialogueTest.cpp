@@ -119,6 +119,39 @@ TEST_F(Question, AskedWithTheAssistantOffLeavesNothingBehindForItsStart) {
   EXPECT_EQ(machine.app.screens.Find<frmPac_InputBox>(), nullptr);
 }
 
+TEST(Pictures, StandOnTheButtonsThatKeepTheirCaptionsAsLongAsTheAssistantIsOn) {
+  const Text ok = u":/dialog/ok.png", cancel = u":/dialog/cancel.png";
+  const Text yes = u":/dialog/yes.png", no = u":/dialog/no.png";
+  struct Case {
+    bool assistant;
+    Text first, second;          ///< Captions in place of Yes and No.
+    std::vector<Text> pictures;  ///< Of OK, Cancel, Yes, No and Yes to All.
+  };
+  const std::vector<Case> cases{{false, u"", u"", {u"", u"", u"", u"", u""}},
+                                {false, u"Start", u"Loop", {u"", u"", u"", u"", u""}},
+                                {true, u"", u"", {ok, cancel, yes, no, u""}},
+                                {true, u"Start", u"", {ok, cancel, u"", no, u""}},
+                                {true, u"", u"Loop", {ok, cancel, yes, u"", u""}},
+                                {true, u"Start", u"Loop", {ok, cancel, u"", u"", u""}}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(Utf8FromText(c.first + u"/" + c.second) + (c.assistant ? " on" : " off"));
+    TestMachine machine;
+    machine.settings.Write(u"Tarvo Packager", u"Settings", u"PacHelper", c.assistant ? u"1" : u"0");
+    machine.Start();
+    std::vector<Text> seen;
+    machine.onDialog = [&](frmPac_InputBox& dialog) {
+      for (const Button* button :
+           {&dialog.cmdOk, &dialog.cmdCancel, &dialog.cmdYes, &dialog.cmdNo, &dialog.cmdAll}) {
+        seen.push_back(button->Picture);
+      }
+    };
+    machine.dialogue.PacSetButtons(c.first, c.second);
+    machine.answers = {u"No"};
+    EXPECT_EQ(machine.dialogue.PacInput(u"Sure?", Title::Question), u"No");
+    EXPECT_EQ(seen, c.pictures);
+  }
+}
+
 TEST_F(Question, LongWordsMakeTheDialogHigher) {
   StartAndSettle();
   const int tall = helper->Height;

@@ -84,6 +84,25 @@ TEST(Pictures, TheAssistantHasAllOfItsOwnInBothDensities) {
   }
 }
 
+/// They are stretched between ends half as long as they are high, so no sign may reach out of them.
+TEST(Pictures, TheDialogsAreUniformBetweenTheirEnds) {
+  for (const char* name : {"yes", "no", "ok", "cancel"}) {
+    for (const int density : {1, 2}) {
+      SCOPED_TRACE(testing::Message() << name << " " << density);
+      const QImage picture(QString(":/dialog/%1%2.png").arg(name, density == 2 ? "@2x" : ""));
+      ASSERT_EQ(picture.size(), QSize(89, 25) * density);
+      const int end = (picture.height() + 1) / 2;
+      const QImage middle = picture.copy(end, 0, picture.width() - 2 * end, picture.height());
+      QImage flat(middle.size(), middle.format());
+      flat.fill(QColor(128, 128, 255));
+      EXPECT_EQ(middle, flat);
+      EXPECT_NE(picture.copy(0, 0, end, picture.height()),
+                picture.copy(picture.width() - end, 0, end, picture.height()).mirrored(true, false))
+          << "the sign";
+    }
+  }
+}
+
 TEST(Pictures, DenseScreensGetTheDensePicturePixelByPixel) {
   for (const int density : {1, 2}) {
     QImage screen(QSize(64, 64) * density, QImage::Format_ARGB32_Premultiplied);

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "Badges.h"
+#include "DialogButtons.h"
 #include "Figure.h"
 #include "Icon.h"
 #include "Poses.h"
@@ -51,6 +52,15 @@ bool WriteAssistant(const QString& folder) {
   return all;
 }
 
+bool WriteDialog(const QString& folder) {
+  bool all = true;
+  for (const auto& [name, reply] : tarvo::art::kReplies) {
+    all &= WriteBoth(folder, name,
+                     [&](int density) { return tarvo::art::ReplyPicture(reply, density); });
+  }
+  return all;
+}
+
 bool WriteSkin(const QString& folder) {
   bool all = true;
   for (const tarvo::art::SkinPicture& picture : tarvo::art::SkinPictures()) {
@@ -75,6 +85,7 @@ int main(int count, char** arguments) {
   all &= WriteIcons(folder + "/packaging/icons/mimetypes", tarvo::art::PackageIcon,
                     {16, 22, 24, 32, 48, 64, 128, 256});
   all &= WriteAssistant(resources + "/assistant");
+  all &= WriteDialog(resources + "/dialog");
   all &= WriteSkin(folder + "/data/Gfx");
   return all ? 0 : 1;
 }
