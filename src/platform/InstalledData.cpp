@@ -95,11 +95,12 @@ class Copying {
     if (!Try([&] { ListFolders({}); })) return failures_;
     const bool isRecordKnown = Try([&] { ReadRecord(); });
     if (isRecordKnown && IsUpToDate()) return failures_;
-    for (const auto& [path, entry] : before_) {
-      if (!installed_.contains(path)) Follow(path, [&] { return RemoveOld(path, entry); });
+    for (const auto& old : before_) {
+      if (installed_.contains(old.first)) continue;
+      Follow(old.first, [&] { return RemoveOld(old.first, old.second); });
     }
-    for (const auto& [path, stamp] : installed_) {
-      Follow(path, [&] { return Refresh(path, stamp); });
+    for (const auto& file : installed_) {
+      Follow(file.first, [&] { return Refresh(file.first, file.second); });
     }
     if (isRecordKnown && now_ != before_) Try([&] { WriteRecord(); });
     return failures_;
