@@ -59,7 +59,10 @@ void PacDialogue::PacMsg(TextView text, Title title) {
 Text PacDialogue::PacInput(TextView text, Title title) {
   if (app_.State.PacHelper) {
     const auto* helper = app_.screens.Find<frmPac_Helper>();
-    if (helper && text == helper->lblPac_Label.Caption.Get()) return {};
+    if (helper && text == helper->lblPac_Label.Caption.Get()) {
+      app_.shell->ShowStatus(u"Not asked twice in a row, and taken as refused: " + Text(text));
+      return {};
+    }
   }
   Announce(text, title);
   auto& dialog = app_.Screen<frmPac_InputBox>();

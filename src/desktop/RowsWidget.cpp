@@ -57,8 +57,14 @@ void RowsWidget::keyPressEvent(QKeyEvent* event) {
     if (before >= 0) OnOpened(before);
     return;
   }
-  if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier) {
+  if ((event->key() == Qt::Key_Space || enter) && event->modifiers() == Qt::NoModifier) {
     if (before >= 0 && OnPressed) OnPressed(before);
+    return;
+  }
+  // With nothing chosen yet, the first step chooses the row that the keyboard stands on.
+  const bool steps = event->key() == Qt::Key_Down || event->key() == Qt::Key_Up;
+  if (steps && OnWalked && before >= 0 && !selectionModel()->hasSelection()) {
+    OnWalked(before);
     return;
   }
   QListView::keyPressEvent(event);
