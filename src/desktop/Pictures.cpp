@@ -1,6 +1,5 @@
 #include "desktop/Pictures.h"
 
-#include <QDir>
 #include <QHash>
 #include <QImage>
 #include <QPainter>
@@ -14,8 +13,8 @@ namespace tarvo {
 namespace {
 
 struct Picture {
-  QImage image;  ///< Null where there is none.
-  QColor ground;
+  QImage image;   ///< Null where there is none.
+  QColor ground;  ///< Invalid until it was asked for: large pictures are never asked.
   qreal density = 1;
 };
 
@@ -43,16 +42,15 @@ Picture Read(const QString& name, bool dense) {
   if (picture.image.isNull()) return picture;
   const bool seeThrough = picture.image.hasAlphaChannel();
   picture.image.convertTo(seeThrough ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
-  picture.ground = MeanOfMiddle(picture.image);
   return picture;
 }
 
-const Picture& PictureOf(const QPainter& painter, const QString& name) {
+Picture& PictureOf(const QPainter& painter, const QString& name) {
   static QHash<QString, Picture> known;
   const bool dense = painter.device()->devicePixelRatioF() > 1;
   const QString key = dense ? name + QStringLiteral("@2x") : name;
-  auto at = known.constFind(key);
-  if (at == known.constEnd()) at = known.insert(key, Read(name, dense));
+  auto at = known.find(key);
+  if (at == known.end()) at = known.insert(key, Read(name, dense));
   return *at;
 }
 
@@ -135,14 +133,18 @@ bool DrawPicture(QPainter& painter, const QRect& area, const QString& name, Pict
 }
 
 QColor PictureGround(const QPainter& painter, const QString& name) {
-  return name.isEmpty() ? QColor() : PictureOf(painter, name).ground;
+  if (name.isEmpty()) return {};
+  Picture& picture = PictureOf(painter, name);
+  if (!picture.ground.isValid() && !picture.image.isNull()) {
+    picture.ground = MeanOfMiddle(picture.image);
+  }
+  return picture.ground;
 }
 
 QIcon ProgramIcon() {
   QIcon icon;
-  const QDir folder(QStringLiteral(":/icon"));
-  for (const QString& file : folder.entryList({QStringLiteral("*.png")})) {
-    icon.addFile(folder.filePath(file));
+  for (const int size : {16, 22, 24, 32, 48, 64}) {
+    icon.addFile(QStringLiteral(":/icon/%1.png").arg(size));
   }
   return icon;
 }

@@ -23,7 +23,8 @@ bool DrawPicture(QPainter& painter, const QRect& area, const QString& name,
 /// no such picture.
 QColor PictureGround(const QPainter& painter, const QString& name);
 
-/// The program's icon in all its sizes.
+/// The icon of the program's windows. Larger sizes would only make the start slower: each goes to the
+/// display as it is.
 QIcon ProgramIcon();
 
 }  // namespace tarvo
