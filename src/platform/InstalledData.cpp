@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <iomanip>
 #include <map>
 #include <sstream>
 
+#include "platform/FileCopies.h"
 #include "text/Paths.h"
 #include "text/Utf8.h"
 
@@ -189,28 +189,9 @@ class Copying {
   }
 
   void Copy(const Text& path) {
-    MakeFoldersOf(path);
-    const Text from = Source(path);
-    const auto file = files_.Open(from);
-    const auto copy = files_.Replace(Target(path));
-    if (copy->CopyFrom(*file, 0, file->Size()) != file->Size()) {
-      throw PlatformError(u"read", from, EIO);
-    }
-    copy->Commit();
-  }
-
-  void MakeFoldersOf(TextView path) {
-    for (std::size_t end = path.find(u'\\'); end != TextView::npos;
-         end = path.find(u'\\', end + 1)) {
-      const Text folder = Target(path.substr(0, end));
-      if (files_.FolderExists(folder)) continue;
-      try {
-        files_.MakeFolder(folder);
-      } catch (const PlatformError&) {
-        // The other program may have made it in this moment.
-        if (!files_.FolderExists(folder)) throw;
-      }
-    }
+    const Text to = Target(path);
+    MakeFolders(files_, to.substr(0, to.rfind(u'\\')));
+    CopyOneFile(files_, Source(path), to);
   }
 
   void WriteRecord() {

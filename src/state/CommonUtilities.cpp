@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <span>
 
+#include "platform/FileCopies.h"
 #include "platform/Files.h"
 #include "platform/Guarded.h"
 #include "platform/Sound.h"
 #include "platform/Windows.h"
-#include "state/FileCopies.h"
 #include "state/ReadProgress.h"
 #include "state/Shell.h"
 #include "text/LetterCase.h"

@@ -3,10 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "platform/FileCopies.h"
 #include "platform/Files.h"
 #include "platform/Windows.h"
 #include "state/CommonUtilities.h"
-#include "state/FileCopies.h"
 #include "state/Foundation.h"
 #include "text/LetterCase.h"
 #include "text/Paths.h"

@@ -1,14 +1,19 @@
-#include "state/FileCopies.h"
+#include "platform/FileCopies.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <vector>
+
+#include "platform/PlatformError.h"
 
 namespace tarvo {
 
 void CopyOneFile(Files& files, TextView from, TextView to) {
   const auto source = files.Open(from);
   const auto target = files.Replace(to);
-  target->CopyFrom(*source, 0, source->Size());
+  if (target->CopyFrom(*source, 0, source->Size()) != source->Size()) {
+    throw PlatformError(u"read", Text(from), EIO);
+  }
   target->Commit();
 }
 
@@ -36,7 +41,12 @@ void MakeFolders(Files& files, const Text& folder) {
   if (files.FolderExists(folder)) return;
   const std::size_t slash = folder.rfind(u'\\');
   if (slash != Text::npos) MakeFolders(files, folder.substr(0, slash));
-  files.MakeFolder(folder);
+  try {
+    files.MakeFolder(folder);
+  } catch (const PlatformError&) {
+    // Another program may have made it in this moment.
+    if (!files.FolderExists(folder)) throw;
+  }
 }
 
 }  // namespace tarvo
