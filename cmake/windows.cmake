@@ -1,0 +1,15 @@
+# The toolchain for 64-bit Windows on Debian: the preset `windows`, and the libraries that
+# tools/windows/libraries builds. The POSIX threads of this compiler are what std::thread stands on.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+
+set(CMAKE_C_COMPILER x86_64-w64-mingw32-gcc-posix)
+set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
+set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
+
+# Nothing of this machine's own headers, libraries and packages.
+set(CMAKE_FIND_ROOT_PATH /usr/x86_64-w64-mingw32 ${TARVO_WINDOWS_LIBRARIES})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
