@@ -6,6 +6,7 @@
 #include <QPainterPath>
 #include <QStyleOption>
 
+#include "desktop/MessageIcons.h"
 #include "desktop/Skin.h"
 
 namespace tarvo {
@@ -119,6 +120,22 @@ QRect ScrollBarPart(const QStyleOptionSlider& option, QStyle::SubControl part) {
 }  // namespace
 
 SkinStyle::SkinStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+
+QIcon SkinStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
+                              const QWidget* widget) const {
+  switch (icon) {
+    case SP_MessageBoxInformation:
+      return MessageIcon(MessageSign::Information);
+    case SP_MessageBoxQuestion:
+      return MessageIcon(MessageSign::Question);
+    case SP_MessageBoxWarning:
+      return MessageIcon(MessageSign::Exclamation);
+    case SP_MessageBoxCritical:
+      return MessageIcon(MessageSign::Critical);
+    default:
+      return QProxyStyle::standardIcon(icon, option, widget);
+  }
+}
 
 void DrawPill(QPainter& painter, const QRectF& area, const QColor& fill) {
   const Smooth smooth(painter);

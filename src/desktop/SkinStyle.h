@@ -20,6 +20,8 @@ class SkinStyle : public QProxyStyle {
                   const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* returnData) const override;
+  QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                     const QWidget* widget) const override;
 };
 
 /// A bar with round ends, as all buttons of the skin are.
