@@ -145,6 +145,15 @@ void DrawPill(QPainter& painter, const QRectF& area, const QColor& fill) {
   painter.drawRoundedRect(area, radius, radius);
 }
 
+void DrawPillRing(QPainter& painter, const QRectF& area, const QColor& ink) {
+  const Smooth smooth(painter);
+  const QRectF ring = area.adjusted(2.5, 2.5, -2.5, -2.5);
+  const qreal radius = std::min(ring.width(), ring.height()) / 2;
+  painter.setPen(QPen(ink, 1.5));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(ring, radius, radius);
+}
+
 void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                               QPainter* painter, const QWidget* widget) const {
   switch (element) {
@@ -167,6 +176,9 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       else if (option->state & State_MouseOver)
         fill = Mix(fill, Qt::white, 0.3);
       DrawPill(*painter, option->rect, fill);
+      if (option->state & State_HasFocus) {
+        DrawPillRing(*painter, option->rect, option->palette.color(QPalette::ButtonText));
+      }
       return;
     }
     default:

@@ -27,4 +27,7 @@ class SkinStyle : public QProxyStyle {
 /// A bar with round ends, as all buttons of the skin are.
 void DrawPill(QPainter& painter, const QRectF& area, const QColor& fill);
 
+/// The mark of the focus within such a bar.
+void DrawPillRing(QPainter& painter, const QRectF& area, const QColor& ink);
+
 }  // namespace tarvo
