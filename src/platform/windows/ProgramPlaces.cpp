@@ -1,4 +1,5 @@
 #include "platform/ProgramFolder.h"
+#include "platform/windows/Handle.h"
 #include "platform/windows/HostPaths.h"
 #include "platform/windows/UserFolders.h"
 
