@@ -176,10 +176,10 @@ TEST_F(SoundPluginScreen, MakeNeedsANameAndKeepsTheEntriesWhenItFails) {
   machine.WriteFile(PluginPath(u"x"), "old");
   screen.lblAddSound.Press();
   for (const FileStep step : {FileStep::Replace, FileStep::Write, FileStep::Commit}) {
-    machine.files.Fail(step, 1, ENOSPC);
+    machine.files.Fail(step, 1, kDiskFull);
     screen.lblMakeSoundPlugin.Press();
     EXPECT_THAT(TakeMessages(BoxIcon::Information), IsEmpty());
-    EXPECT_THAT(StatusLine(), Holds(u"No space left on device"));
+    EXPECT_THAT(StatusLine(), Holds(SystemErrorText(kDiskFull)));
     EXPECT_EQ(screen.lstSoundInfo.Count(), 1u);
     EXPECT_EQ(machine.Bytes(PluginPath(u"x")), "old");
   }

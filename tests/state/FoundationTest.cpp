@@ -107,7 +107,7 @@ TEST_F(FoundationTest, ChangesNothingWithoutFoldersToCopyAndSaysSo) {
            Case{"no folder Foundation", [] {}},
            Case{"a file alone", [&] { machine.WriteFile(copy + u"\\Read Me.txt", "x"); }},
            Case{"a folder that can't be listed",
-                [&] { machine.files.Fail(FileStep::List, 1, EACCES); }},
+                [&] { machine.files.Fail(FileStep::List, 1, kAccessDenied); }},
        }) {
     SCOPED_TRACE(c.what);
     machine.Start();

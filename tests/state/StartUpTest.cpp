@@ -120,8 +120,8 @@ TEST(StartUp, RunsAgainForAnotherGame) {
 
 TEST(StartUp, StoreThatCantBeWrittenStopsNothing) {
   TestMachine machine;
-  machine.settings.FailingCode = EROFS;
-  machine.files.Fail(FileStep::MakeFolder, 1, EROFS, true);
+  machine.settings.FailingCode = kAccessDenied;
+  machine.files.Fail(FileStep::MakeFolder, 1, kAccessDenied, true);
   machine.Start();
   EXPECT_EQ(machine.app.State.GamePath, machine.GameFolder());
   EXPECT_TRUE(machine.app.screens.Find<frmMainMenu>()->Visible);
