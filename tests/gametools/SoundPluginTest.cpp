@@ -12,6 +12,13 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+/// Windows has no Python of its own.
+#ifdef _WIN32
+constexpr bool kHasPython = false;
+#else
+constexpr bool kHasPython = true;
+#endif
+
 class SoundPluginScreen : public GameToolsScreen {
  protected:
   void SetUp() override {
@@ -139,10 +146,12 @@ TEST_F(SoundPluginScreen, PluginIsMadeReadBackAndRunByPython) {
                                  BoxIcon::Information}));
   const FileText bytes = machine.Bytes(PluginPath(u"Voyager"));
   EXPECT_EQ(bytes, SoundPluginText(entries, u"1/2/2003"));
-  EXPECT_EQ(RunByPython(PluginPath(u"Voyager")),
-            "sfx/Weapons/torp.wav|_x|1\n"
-            "sfx/Weapons/torp.wav|Galaxy Phaser Start|1\n"
-            "sfx/Weapons/torp.wav|Torpedo 2|0.3\n");
+  if (kHasPython) {
+    EXPECT_EQ(RunByPython(PluginPath(u"Voyager")),
+              "sfx/Weapons/torp.wav|_x|1\n"
+              "sfx/Weapons/torp.wav|Galaxy Phaser Start|1\n"
+              "sfx/Weapons/torp.wav|Torpedo 2|0.3\n");
+  }
   EXPECT_THAT(Entries(screen), IsEmpty());
   EXPECT_EQ(screen.cboSoundName.Text(), u"");
   ASSERT_EQ(screen.cboSoundName.Count(), 1u);
