@@ -17,13 +17,6 @@ class ShipChecker : public ShipScreen {
     screen.CheckShipFiles();
     return {screen.txtFileDisplay.Text(), screen.txtErrorDisplay.Text()};
   }
-
-  /// Gives a script a name in another letter case; to rename it doesn't do so everywhere.
-  void PutAs(TextView name, TextView cased) {
-    const FileText script = machine.Bytes(Script(name));
-    machine.disk->Remove(Script(name));
-    machine.WriteFile(Script(cased), script);
-  }
 };
 
 TEST_F(ShipChecker, CountsWhatIsMissingAndTakesCompiledScripts) {
@@ -76,9 +69,12 @@ TEST_F(ShipChecker, ScanDisablesWhatFailsAndSaysSo) {
   AddShip(u"Lost");
   machine.disk->Remove(Script(u"Lost.py"));
   AddShip(u"cased");
-  PutAs(u"cased.py", u"Cased.py");
+  machine.disk->Remove(Script(u"cased.py"));
+  machine.WriteFile(Script(u"Cased.py"), "");
   AddShip(u"Upper");
-  PutAs(u"Upper.py", u"Upper.PY");
+  const FileText upper = machine.Bytes(Script(u"Upper.py"));
+  machine.disk->Remove(Script(u"Upper.py"));
+  machine.WriteFile(Script(u"Upper.PY"), upper);
   frmGameTools& screen = Open();
   Select(screen.FileList3, u"Good.py");
   screen.CheckShipFiles();

@@ -1,5 +1,4 @@
 #include "gametools/ShipTesting.h"
-#include "platform/Guarded.h"
 #include "text/Utf8.h"
 
 namespace tarvo::test {
@@ -13,11 +12,12 @@ TEST_F(ShipLists, TellShipsFromWhatElseLiesInTheFolder) {
                               u"both.py", u"low.disabled", u"x.py.py", u"note.txt", u"empty.py"}) {
     machine.WriteFile(Plugin(file), file == u"empty.py" ? "" : "x");
   }
-  // Names that Windows can't have.
-  for (const TextView file : {u"odd\tname.py", u"star*.py"}) {
-    Guarded([&] { machine.WriteFile(Plugin(file), "x"); });
+#ifndef _WIN32
+  // Windows takes no such names.
+  for (const char* file : {"both.PY", "odd\tname.py", "star*.py"}) {
+    machine.folder.Put(std::string("game/Scripts/custom/ships/") + file, "x");
   }
-  machine.folder.Put("game/Scripts/custom/ships/both.PY", "x");
+#endif
   frmGameTools& screen = Open();
   EXPECT_EQ(Items(screen.lstEnabled),
             (Texts{u"A", u"b", u"both", u"Custom", u"empty", u"Upper", u"x"}));

@@ -91,7 +91,7 @@ TEST_F(FoundationTest, LaysItsFoldersOverThoseOfTheGame) {
   for (int run = 0; run < 2; ++run) {
     EXPECT_EQ(machine.FilesBelow(game), expected);
     EXPECT_EQ(machine.Bytes(scripts + u"\\Foundation.py"), "new");
-    EXPECT_FALSE(machine.disk->Attributes(scripts + u"\\Foundation.py") & kReadOnlyFile);
+    EXPECT_EQ(machine.disk->Attributes(scripts + u"\\Foundation.py") & kReadOnlyFile, 0u);
     EXPECT_EQ(Status(), u"Standing By...");
     InstallFoundation(machine.app);
   }
@@ -117,7 +117,8 @@ TEST_F(FoundationTest, ChangesNothingWithoutFoldersToCopyAndSaysSo) {
     EXPECT_NE(Status().find(copy), Text::npos);
     EXPECT_EQ(machine.boxes.back(), kInstalled);
     EXPECT_EQ(machine.Bytes(scripts + u"\\Foundation.pyc"), "compiled");
-    EXPECT_TRUE(machine.disk->Attributes(scripts + u"\\Foundation.py") & kReadOnlyFile);
+    EXPECT_EQ(machine.disk->Attributes(scripts + u"\\Foundation.py") & kReadOnlyFile,
+              kReadOnlyFile);
   }
 }
 

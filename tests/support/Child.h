@@ -40,6 +40,9 @@ class Child {
   std::unique_ptr<Process> process_;
 };
 
+/// In the child: ends it as Kill does.
+[[noreturn]] void KillThisProcess();
+
 /// In the child: what the parent wants of it, by name; empty in any other process.
 std::string ChildOrder(const char* name);
 

@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <stdexcept>
 
 #include "platform/windows/Handle.h"
@@ -67,6 +68,11 @@ int Child::Wait() {
   WaitForSingleObject(process_->Itself.Get(), INFINITE);
   GetExitCodeProcess(process_->Itself.Get(), &code);
   return code == kKilled ? -1 : static_cast<int>(code);
+}
+
+void KillThisProcess() {
+  TerminateProcess(GetCurrentProcess(), kKilled);
+  std::abort();
 }
 
 std::string ChildOrder(const char* name) {
