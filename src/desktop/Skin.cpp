@@ -1,6 +1,7 @@
 #include "desktop/Skin.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFontDatabase>
 #include <QPalette>
 #include <QToolTip>
@@ -49,6 +50,14 @@ QFont FaceOf(FontRole role) {
   return FirstInstalled({{"Franklin Gothic Medium", QFont::Normal},
                          {"Open Sans", QFont::DemiBold},
                          {"Libre Franklin", QFont::Medium}});
+}
+
+/// What was brought along for machines that may lack the faces.
+void AddFontsOfTheProgram() {
+  const QDir folder(QApplication::applicationDirPath() + QStringLiteral("/Fonts"));
+  for (const QString& file : folder.entryList(QDir::Files)) {
+    QFontDatabase::addApplicationFont(folder.filePath(file));
+  }
 }
 
 QPalette DarkPalette() {
@@ -140,6 +149,7 @@ double Dimming(const QColor& caption, const QColor& ground) {
 
 void ApplySkin(QApplication& application) {
   LastInput::Watch(application);
+  AddFontsOfTheProgram();
   application.setStyle(new SkinStyle);
   const QPalette dark = DarkPalette();
   application.setPalette(dark);
