@@ -11,6 +11,8 @@ CLI::App* AddCommand(CLI::App& parser, Command& chosen, const char* name, const 
 
 void AddCommands(CLI::App& parser, Command& chosen) {
   parser.require_subcommand(1);
+  // Entries and texts may begin with a slash, on every system.
+  parser.allow_windows_style_options(false);
   AddPackageCommands(parser, chosen);
   AddShipTGLCommands(parser, chosen);
   AddTGLCommands(parser, chosen);

@@ -1,8 +1,8 @@
-#include <unistd.h>
-
+#include <algorithm>
 #include <iostream>
 
 #include "console/Commands.h"
+#include "console/Terminal.h"
 #include "platform/HostMachine.h"
 #include "text/Utf8.h"
 
@@ -32,13 +32,7 @@ void AddGlobalOptions(CLI::App& parser, CommandLine& line) {
   parser.add_flag("--quiet", line.options.Quiet, "No messages of information, no progress line");
 }
 
-std::optional<std::string> ReadTerminalLine() {
-  std::string line;
-  if (!isatty(STDIN_FILENO) || !std::getline(std::cin, line)) return {};
-  return line;
-}
-
-int Run(CommandLine& line) {
+int Run(CommandLine& line, Terminal& terminal) {
   const HostMachine machine = OpenHostMachine();
   line.options.Game = line.game.empty() ? Text() : GamePathFromArgument(line.game);
   const FoundProgramFolder program =
@@ -46,10 +40,10 @@ int Run(CommandLine& line) {
                            : FoundProgramFolder{GamePathFromArgument(line.program), {}};
   line.options.ProgramFolder = program.Path;
   line.options.Answer = line.all ? u"All" : line.yes ? u"Yes" : line.no ? u"No" : u"";
-  line.options.Terminal = isatty(STDERR_FILENO);
+  line.options.Terminal = terminal.ShowsErrors();
   Session session(
       {*machine.files, *machine.settings, *machine.registry, *machine.locale, *machine.clock},
-      line.options, std::cout, std::cerr, ReadTerminalLine);
+      line.options, std::cout, std::cerr, [&] { return terminal.ReadLine(); });
   const Text failure = FailureWords(program);
   if (!failure.empty()) session.Complain(u"Warning: " + failure);
   return line.run(session);
@@ -59,14 +53,19 @@ int Run(CommandLine& line) {
 }  // namespace tarvo
 
 int main(int argc, char** argv) {
+  tarvo::Terminal terminal;
   CLI::App parser("Works on ship mods, packages and text databases without a window.", "tarvo");
   tarvo::CommandLine line;
   tarvo::AddGlobalOptions(parser, line);
   tarvo::AddCommands(parser, line.run);
   try {
-    parser.parse(argc, argv);
+    // The parser takes the words behind the program's name, the last one first.
+    std::vector<std::string> words = tarvo::Terminal::Arguments(argc, argv);
+    if (!words.empty()) words.erase(words.begin());
+    std::ranges::reverse(words);
+    parser.parse(std::move(words));
   } catch (const CLI::ParseError& error) {
     return parser.exit(error) == 0 ? tarvo::kDone : tarvo::kWrongUsage;
   }
-  return tarvo::Run(line);
+  return tarvo::Run(line, terminal);
 }

@@ -1,4 +1,7 @@
+#include <algorithm>
+
 #include "platform/Files.h"
+#include "platform/NameLists.h"
 #include "text/LetterCase.h"
 
 namespace tarvo {
@@ -26,6 +29,23 @@ bool MatchesPattern(TextView name, TextView pattern) {
     }
   }
   return wanted.find_first_not_of(u'*', next) == Text::npos;
+}
+
+bool MatchesAnyPattern(TextView name, TextView patterns) {
+  for (std::size_t begin = 0; begin <= patterns.size();) {
+    const std::size_t end = std::min(patterns.find(u';', begin), patterns.size());
+    if (end > begin && MatchesPattern(name, patterns.substr(begin, end - begin))) return true;
+    begin = end + 1;
+  }
+  return false;
+}
+
+std::vector<Text> SortedNames(std::vector<Text> names) {
+  std::sort(names.begin(), names.end(), [](const Text& a, const Text& b) {
+    if (LessIgnoringCase(a, b)) return true;
+    return !LessIgnoringCase(b, a) && a < b;
+  });
+  return names;
 }
 
 }  // namespace tarvo

@@ -1,5 +1,8 @@
 #pragma once
 
+#ifndef _WIN32
+#include <cerrno>
+#endif
 #include <exception>
 #include <utility>
 
@@ -22,8 +25,18 @@ class PlatformError : public std::exception {
   const char* what() const noexcept override { return "platform failure"; }
 };
 
-/// The code for a file or folder that isn't there; the same number on POSIX and Windows.
+/// Codes that the program itself tells apart or gives. That of a file or folder that isn't there is
+/// the same number on POSIX and Windows.
 constexpr int kNoSuchFile = 2;
+#ifdef _WIN32
+constexpr int kAccessDenied = 5;
+constexpr int kReadFailed = 30;
+constexpr int kDiskFull = 112;
+#else
+constexpr int kAccessDenied = EACCES;
+constexpr int kReadFailed = EIO;
+constexpr int kDiskFull = ENOSPC;
+#endif
 
 /// The system's own words for one of its codes; empty for a code that it doesn't know.
 Text SystemErrorText(int code);

@@ -3,8 +3,8 @@
 
 #include <filesystem>
 
+#include "platform/ProgramFolder.h"
 #include "platform/posix/PosixFiles.h"
-#include "platform/posix/ProgramFolder.h"
 #include "support/TemporaryFolder.h"
 
 namespace tarvo::test {
@@ -33,10 +33,11 @@ constexpr Layout kLayouts[] = {
 class ProgramFolderTest : public testing::Test {
  protected:
   /// As somebody who isn't root, who may write anywhere.
-  FoundProgramFolder Open(const std::string& userData) {
+  FoundProgramFolder Open(const Text& userData) {
     const bool isRoot = geteuid() == 0;
     EXPECT_EQ(isRoot ? seteuid(65534) : 0, 0);
-    FoundProgramFolder found = OpenProgramFolderAt(files, folder.Host("bin"), userData);
+    FoundProgramFolder found = OpenProgramFolderAt(
+        files, {folder.Game(u"bin"), folder.Game(u"share\\tarvo-packager"), userData});
     EXPECT_EQ(isRoot ? seteuid(0) : 0, 0);
     return found;
   }
@@ -59,7 +60,7 @@ TEST_F(ProgramFolderTest, LiesWhereTheDataCanBeWritten) {
   for (const Layout& layout : kLayouts) {
     SCOPED_TRACE(&layout - kLayouts);
     Put(layout);
-    const FoundProgramFolder found = Open(folder.Host("home/data/tarvo-packager"));
+    const FoundProgramFolder found = Open(folder.Game(u"home\\data\\tarvo-packager"));
     EXPECT_EQ(FailureWords(found), u"");
     EXPECT_EQ(found.Path, folder.Game(layout.Expected));
     const std::string copied = files.HostPath(found.Path + u"\\Backup\\Galaxy.py");
@@ -73,11 +74,11 @@ TEST_F(ProgramFolderTest, LiesWhereTheDataCanBeWritten) {
 
 TEST_F(ProgramFolderTest, TellsThatTheUserHasNoPlaceForIt) {
   Put(kLayouts[3]);
-  const FoundProgramFolder homeless = Open("");
+  const FoundProgramFolder homeless = Open(u"");
   EXPECT_EQ(homeless.Path, folder.Game(u"share\\tarvo-packager"));
   EXPECT_EQ(homeless.Failures.size(), 1u);
   folder.Put("home/data", "a file");
-  const FoundProgramFolder blocked = Open(folder.Host("home/data/tarvo-packager"));
+  const FoundProgramFolder blocked = Open(folder.Game(u"home\\data\\tarvo-packager"));
   EXPECT_EQ(FailureWords(blocked),
             u"The program's own files couldn't be brought up to date. Can't make folder " +
                 folder.Game(u"home\\data\\tarvo-packager") + u": Not a directory");
@@ -87,7 +88,7 @@ TEST_F(ProgramFolderTest, CopiesNoFoldersButTheData) {
   Put({false, false, true, u"", nullptr});
   folder.Put("bin/Photographs/mine", "private");
   fs::permissions(folder.Host("bin"), fs::perms(0555));
-  const FoundProgramFolder found = Open(folder.Host("home/data/tarvo-packager"));
+  const FoundProgramFolder found = Open(folder.Game(u"home\\data\\tarvo-packager"));
   EXPECT_EQ(found.Path, folder.Game(u"home\\data\\tarvo-packager"));
   EXPECT_EQ(found.Failures.size(), 1u);
   EXPECT_TRUE(fs::is_empty(folder.Host("home/data/tarvo-packager")));
@@ -95,7 +96,7 @@ TEST_F(ProgramFolderTest, CopiesNoFoldersButTheData) {
 
 TEST_F(ProgramFolderTest, ServesAsItsOwnCopyWhereItWasInstalledIntoTheUsersFolder) {
   Put(kLayouts[3]);
-  const FoundProgramFolder found = Open(folder.Host("share/tarvo-packager"));
+  const FoundProgramFolder found = Open(folder.Game(u"share\\tarvo-packager"));
   EXPECT_EQ(found.Path, folder.Game(u"share\\tarvo-packager"));
   EXPECT_FALSE(fs::exists(folder.Host("share/tarvo-packager/.installed")));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -7,7 +8,8 @@
 
 namespace tarvo::test {
 
-/// A folder of a test's own, gone with the object.
+/// A folder of a test's own, gone with the object. Names of files in it are told in UTF-8, with
+/// slashes.
 class TemporaryFolder {
  public:
   /// `below` is the folder of the host to make it in; by default that for temporary files.
@@ -16,8 +18,11 @@ class TemporaryFolder {
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
   ~TemporaryFolder();
 
-  /// The path of the host, or that of something in the folder, named with slashes.
+  /// The path of the host in UTF-8, or that of something in the folder.
   std::string Host(std::string_view name = {}) const;
+
+  /// The same for the standard library, which on Windows takes no UTF-8.
+  std::filesystem::path Path(std::string_view name = {}) const;
 
   /// The game path, or that of something in the folder, named with backslashes.
   Text Game(TextView name = {}) const;
@@ -27,6 +32,9 @@ class TemporaryFolder {
 
   /// The bytes of a file, read past the doors to the machine; fails the test if there is none.
   std::string Get(std::string_view name) const;
+
+  /// How many files and folders lie in the folder, or in one of its folders, temporaries included.
+  std::size_t Entries(std::string_view name = {}) const;
 
  private:
   std::string host_;

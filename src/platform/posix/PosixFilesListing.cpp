@@ -3,14 +3,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <memory>
 
+#include "platform/NameLists.h"
 #include "platform/PlatformError.h"
 #include "platform/posix/HostPaths.h"
 #include "platform/posix/PosixFiles.h"
-#include "text/LetterCase.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
@@ -30,23 +29,6 @@ bool IsOfKind(DIR* stream, const dirent& entry, bool folders) {
 bool IsShown(std::string_view name) {
   if (name == "." || name == ".." || Siblings::IsSibling(name)) return false;
   return name.find('\\') == std::string_view::npos;
-}
-
-bool MatchesAny(TextView name, TextView patterns) {
-  for (std::size_t begin = 0; begin <= patterns.size();) {
-    const std::size_t end = std::min(patterns.find(u';', begin), patterns.size());
-    if (end > begin && MatchesPattern(name, patterns.substr(begin, end - begin))) return true;
-    begin = end + 1;
-  }
-  return false;
-}
-
-std::vector<Text> Sorted(std::vector<Text> names) {
-  std::sort(names.begin(), names.end(), [](const Text& a, const Text& b) {
-    if (LessIgnoringCase(a, b)) return true;
-    return !LessIgnoringCase(b, a) && a < b;
-  });
-  return names;
 }
 
 /// Throws unless a file stands there that isn't read-only, or a link that leads nowhere.
@@ -81,15 +63,15 @@ std::vector<Text> PosixFiles::FileNames(TextView folder, TextView pattern) {
   std::vector<Text> names;
   for (const std::string& entry : Listed(folder, false)) {
     Text name = TextFromUtf8(entry);
-    if (MatchesAny(name, pattern)) names.push_back(std::move(name));
+    if (MatchesAnyPattern(name, pattern)) names.push_back(std::move(name));
   }
-  return Sorted(std::move(names));
+  return SortedNames(std::move(names));
 }
 
 std::vector<Text> PosixFiles::FolderNames(TextView folder) {
   std::vector<Text> names;
   for (const std::string& entry : Listed(folder, true)) names.push_back(TextFromUtf8(entry));
-  return Sorted(std::move(names));
+  return SortedNames(std::move(names));
 }
 
 void PosixFiles::Remove(TextView pathOrPattern) {

@@ -8,9 +8,7 @@
 #include <climits>
 #include <cstdio>
 #include <limits>
-#include <vector>
 
-#include "platform/PlatformError.h"
 #include "platform/posix/HostPaths.h"
 #include "platform/posix/PosixFileReader.h"
 #include "platform/posix/RenameFile.h"
@@ -18,7 +16,6 @@
 namespace tarvo {
 namespace {
 
-constexpr std::size_t kBufferSize = 64 * 1024;
 constexpr int kMostLinks = 40;
 
 /// Up to here a copy goes through the buffer: a write that is shared with its neighbours costs
@@ -40,19 +37,10 @@ int Renamed(const std::string& from, const std::string& to) {
 
 PosixReplacement::PosixReplacement(std::shared_ptr<PosixState> state, const std::string& hostPath,
                                    TextView path, NewFile newFile)
-    : state_(std::move(state)), path_(path), newFile_(newFile) {
+    : BufferedReplacement(path), state_(std::move(state)), newFile_(newFile) {
   FollowLinks(hostPath);
   old_ = Standing();
   OpenSibling();
-}
-
-void PosixReplacement::Fail(TextView operation, int code) const {
-  throw PlatformError(Text(operation), path_, code);
-}
-
-void PosixReplacement::FailWriting(int code) {
-  failure_ = code;
-  Fail(u"write", code);
 }
 
 void PosixReplacement::FollowLinks(const std::string& hostPath) {
@@ -84,7 +72,7 @@ std::optional<struct stat> PosixReplacement::Standing() const {
 
 void PosixReplacement::OpenSibling() {
   const std::string folder = HostFolderOf(target_);
-  sibling_ = state_->siblings.Next(folder);
+  sibling_ = JoinHostPath(folder, state_->siblings.Next(folder));
   // What replaces a private file stays private while it grows.
   const mode_t mode = old_ ? 0600 : 0666;
   file_ = Descriptor(
@@ -107,24 +95,9 @@ void PosixReplacement::WriteOut(FileTextView bytes) {
   }
 }
 
-void PosixReplacement::Flush() {
-  WriteOut(buffer_);
-  buffer_.clear();
-}
-
-void PosixReplacement::Write(FileTextView bytes) {
-  if (failure_ != 0) FailWriting(failure_);
-  if (buffer_.size() + bytes.size() > kBufferSize) Flush();
-  if (bytes.size() >= kBufferSize) {
-    WriteOut(bytes);
-  } else {
-    buffer_.append(bytes);
-  }
-}
-
 std::uint64_t PosixReplacement::CopyFrom(FileReader& source, std::uint64_t position,
                                          std::uint64_t count) {
-  if (failure_ != 0) FailWriting(failure_);
+  CheckUnfailed();
   std::uint64_t copied = 0;
   auto* const file = dynamic_cast<PosixFileReader*>(&source);
   if (file && count > kSmallCopy) {
@@ -134,15 +107,7 @@ std::uint64_t PosixReplacement::CopyFrom(FileReader& source, std::uint64_t posit
   if (copied == count) return copied;
   // What the kernel leaves over, be it for the file systems' sake, for a failure or for the end
   // of the source, shows its reason here.
-  std::vector<char> block(std::min<std::uint64_t>(count - copied, kBufferSize));
-  while (copied < count) {
-    const std::size_t wanted = std::min<std::uint64_t>(count - copied, block.size());
-    const std::size_t read = source.ReadAt(position + copied, {block.data(), wanted});
-    Write({block.data(), read});
-    copied += read;
-    if (read < wanted) break;
-  }
-  return copied;
+  return copied + BufferedReplacement::CopyFrom(source, position + copied, count - copied);
 }
 
 /// Gives the bytes copied, which may be fewer than there are.
@@ -183,7 +148,7 @@ void PosixReplacement::Finish() {
 }
 
 void PosixReplacement::PutInPlace() {
-  if (failure_ != 0) FailWriting(failure_);
+  CheckUnfailed();
   Flush();
   std::optional<struct stat> standing = Standing();
   if (standing) old_ = standing;

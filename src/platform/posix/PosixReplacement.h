@@ -5,10 +5,10 @@
 #include <optional>
 #include <string>
 
-#include "platform/Files.h"
+#include "platform/BufferedReplacement.h"
+#include "platform/Siblings.h"
 #include "platform/posix/Descriptor.h"
 #include "platform/posix/NameLookup.h"
-#include "platform/posix/Siblings.h"
 
 namespace tarvo {
 
@@ -25,7 +25,7 @@ struct PosixState {
 /// Whether a file that replaces none is on the disk when Commit returns.
 enum class NewFile { Unsynced, Synced };
 
-class PosixReplacement : public FileReplacement {
+class PosixReplacement : public BufferedReplacement {
  public:
   /// Begins the file that will stand at `hostPath`, or where the link there leads. `path` names
   /// the file in errors. Throws PlatformError as Files::Replace does.
@@ -33,18 +33,14 @@ class PosixReplacement : public FileReplacement {
                    NewFile newFile);
   ~PosixReplacement() override { Drop(); }
 
-  void Write(FileTextView bytes) override;
   std::uint64_t CopyFrom(FileReader& source, std::uint64_t position, std::uint64_t count) override;
   void Commit() override;
 
  private:
-  [[noreturn]] void Fail(TextView operation, int code) const;
-  [[noreturn]] void FailWriting(int code);
   void FollowLinks(const std::string& hostPath);
   std::optional<struct stat> Standing() const;
   void OpenSibling();
-  void WriteOut(FileTextView bytes);
-  void Flush();
+  void WriteOut(FileTextView bytes) override;
   std::uint64_t CopyInKernel(PosixFileReader& source, std::uint64_t position, std::uint64_t count);
   void TakeOver(const struct stat& old);
   void Finish();
@@ -52,14 +48,11 @@ class PosixReplacement : public FileReplacement {
   void Drop();
 
   std::shared_ptr<PosixState> state_;
-  Text path_;
   NewFile newFile_;
   std::string target_;
   std::optional<struct stat> old_;  ///< Of the file to be replaced, as last seen.
   std::string sibling_;             ///< Empty when there is none.
   Descriptor file_;
-  std::string buffer_;
-  int failure_ = 0;  ///< The code of the first failed write: what stands there is incomplete.
 };
 
 }  // namespace tarvo

@@ -1,11 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
 
-#include "platform/posix/Descriptor.h"
+#include "platform/Journal.h"
 
 namespace tarvo {
 
@@ -26,7 +27,8 @@ class Siblings {
   /// Deletes the journal, unless a sibling is left.
   ~Siblings();
 
-  /// The path of a new sibling in `folder`, to be made by the caller.
+  /// The name of a new sibling in `folder`, to be made by the caller. A folder is told as Journal.h
+  /// has it.
   std::string Next(const std::string& folder);
 
   /// A sibling that Next has named stands no longer, or was never made.
@@ -40,12 +42,10 @@ class Siblings {
 
  private:
   void Note(const std::string& folder);
-  void OpenJournal();
-  std::string JournalPath() const;
 
   std::string journalFolder_;
   std::string token_;
-  Descriptor journal_;
+  std::unique_ptr<Journal> journal_;
   bool hasJournal_ = true;  ///< False once the journal couldn't be made.
   std::set<std::string> noted_;
   std::uint64_t lastNumber_ = 0;
