@@ -14,6 +14,9 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-list(TRANSFORM TARVO_WINDOWS_LIBRARIES APPEND /lib/pkgconfig OUTPUT_VARIABLE pkgconfig)
-list(JOIN pkgconfig ":" pkgconfig)
-set(ENV{PKG_CONFIG_LIBDIR} "${pkgconfig}")
+# CMake's own tries come here as well, without the libraries.
+if(TARVO_WINDOWS_LIBRARIES)
+  list(TRANSFORM TARVO_WINDOWS_LIBRARIES APPEND /lib/pkgconfig OUTPUT_VARIABLE pkgconfig)
+  list(JOIN pkgconfig ":" pkgconfig)
+  set(ENV{PKG_CONFIG_LIBDIR} "${pkgconfig}")
+endif()
