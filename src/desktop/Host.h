@@ -12,6 +12,9 @@ class Files;
 
 /// What a desktop is asked beside its windows.
 
+/// Comes before the application.
+void PrepareDesktop();
+
 /// The machine's sound.
 std::unique_ptr<Sound> OpenSound(Files& files);
 

@@ -36,6 +36,7 @@ struct Program {
 }  // namespace tarvo
 
 int main(int argc, char** argv) {
+  tarvo::PrepareDesktop();
   QApplication qt(argc, argv);
   QApplication::setApplicationName("Tarvo Packager");
   QApplication::setDesktopFileName("tarvo-packager");

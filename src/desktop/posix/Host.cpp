@@ -10,6 +10,8 @@
 
 namespace tarvo {
 
+void PrepareDesktop() {}
+
 std::unique_ptr<Sound> OpenSound(Files& files) {
   return std::make_unique<SdlSound>(files);
 }

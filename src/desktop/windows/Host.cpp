@@ -9,6 +9,13 @@
 
 namespace tarvo {
 
+/// The screens are laid out by measure, so texts are drawn as on every other machine: the system's
+/// own engine makes them wider, and takes a bold face for one between the weights that it knows.
+void PrepareDesktop() {
+  const char* const name = "QT_QPA_PLATFORM";
+  if (!qEnvironmentVariableIsSet(name)) qputenv(name, "windows:fontengine=freetype");
+}
+
 std::unique_ptr<Sound> OpenSound(Files&) {
   return std::make_unique<WindowsSound>();
 }
