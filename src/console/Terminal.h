@@ -26,7 +26,8 @@ class Terminal {
   static std::vector<std::string> Arguments(int argc, char** argv);
 
  private:
-  unsigned codePageBefore_ = 0;  ///< Of a Windows console; 0 where none is to be put back.
+  /// Of a Windows console; 0 where none is to be put back.
+  [[maybe_unused]] unsigned codePageBefore_ = 0;
 };
 
 }  // namespace tarvo

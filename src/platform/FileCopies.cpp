@@ -11,7 +11,7 @@ void CopyOneFile(Files& files, TextView from, TextView to) {
   const auto source = files.Open(from);
   const auto target = files.Replace(to);
   if (target->CopyFrom(*source, 0, source->Size()) != source->Size()) {
-    throw PlatformError(u"read", Text(from), kReadFailed);
+    throw PlatformError(u"read", Text(from), kReadFault);
   }
   target->Commit();
 }

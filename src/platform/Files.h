@@ -14,9 +14,9 @@ namespace tarvo {
 /// The only way to the disk.
 ///
 /// Paths are game paths: a drive, a colon, and parts separated by backslashes, such as
-/// "Z:\games\bc\stbc.exe"; a path that begins with a backslash lies on the drive of the program.
-/// Letter case is ignored: each part is looked up exactly first and then without regard to case,
-/// and only a part that doesn't exist is made as spelled. Links are followed.
+/// "Z:\games\bc\stbc.exe"; one that begins with a backslash lies on the program's drive, and with
+/// two on a server, on Windows. Letter case is ignored: a part is looked up exactly, then without
+/// regard to it, and only what doesn't exist is made as spelled. Links are followed.
 ///
 /// What goes wrong is thrown as PlatformError with the path as the caller gave it, unless a
 /// function says otherwise.

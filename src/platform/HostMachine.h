@@ -23,8 +23,8 @@ struct HostMachine {
   std::unique_ptr<Clock> clock;
 };
 
-/// The files of the machine. `journalFolder` is a folder of the host for the journal of temporary
-/// files, made on first use; empty for no journal.
+/// The files of the machine. `journalFolder` is a path of the host, in UTF-8 on Windows: the folder
+/// for the journal of temporary files, made on first use; empty for no journal.
 std::unique_ptr<Files> OpenFiles(std::string journalFolder);
 
 /// Opens them for the user of the process, and deletes the temporary files that ended processes
@@ -45,7 +45,7 @@ FoundProgramFolder OpenProgramFolder(Files& files);
 /// Its failures as one message; empty when there are none.
 Text FailureWords(const FoundProgramFolder& found);
 
-/// What a game path names, as the host writes it, with letter case ignored as in Files. A part that
+/// What a game path names, as the host writes it (in UTF-8 on Windows), letter case ignored. What
 /// doesn't exist stays as spelled; empty for a path that can't lead anywhere on this host.
 std::string HostPath(TextView gamePath);
 

@@ -30,11 +30,11 @@ class PlatformError : public std::exception {
 constexpr int kNoSuchFile = 2;
 #ifdef _WIN32
 constexpr int kAccessDenied = 5;
-constexpr int kReadFailed = 30;
+constexpr int kReadFault = 30;
 constexpr int kDiskFull = 112;
 #else
 constexpr int kAccessDenied = EACCES;
-constexpr int kReadFailed = EIO;
+constexpr int kReadFault = EIO;
 constexpr int kDiskFull = ENOSPC;
 #endif
 

@@ -21,6 +21,11 @@ struct Outcome {
   std::string words;
 };
 
+/// The system's own words for one of its codes.
+inline std::string SystemWords(int code) {
+  return Utf8FromText(SystemErrorText(code));
+}
+
 class Console : public testing::Test {
  protected:
   void SetUp() override {

@@ -61,20 +61,21 @@ TEST_F(MenuCommands, UnknownAndBuiltInMenusStayAndAreStatusOne) {
 TEST_F(MenuCommands, StatusTellsWhetherDiskOrContentFailed) {
   Do({"add-menu", "Borg"});
   const std::string game = folder.Get("game/data/TGL/QuickBattle/QuickBattle.TGL");
-  files.Fail(FileStep::Commit, 1, ENOSPC);
+  files.Fail(FileStep::Commit, 1, kDiskFull);
   const Outcome full = Do({"add-menu", "Gorn"});
   EXPECT_EQ(full.status, 3);
   EXPECT_EQ(full.results, "");
-  EXPECT_NE(full.words.find("QuickBattle.TGL' Reason: No space left on device"), std::string::npos)
+  EXPECT_NE(full.words.find("QuickBattle.TGL' Reason: " + SystemWords(kDiskFull)),
+            std::string::npos)
       << full.words;
   files.Heal();
   folder.Put("program/QBMenus/Species.TGL", "no database");
   EXPECT_EQ(Do({"menus"}).status, 1);
   EXPECT_EQ(Do({"add-menu", "Gorn"}).status, 1);
-  files.Fail(FileStep::Open, 1, EACCES, true);
+  files.Fail(FileStep::Open, 1, kAccessDenied, true);
   const Outcome closed = Do({"menus"});
   EXPECT_EQ(closed.status, 3);
-  EXPECT_NE(closed.words.find("Error: Permission denied"), std::string::npos);
+  EXPECT_NE(closed.words.find("Error: " + SystemWords(kAccessDenied)), std::string::npos);
   files.Heal();
   EXPECT_EQ(folder.Get("program/QBMenus/Species.TGL"), "no database");
   EXPECT_EQ(folder.Get("game/data/TGL/QuickBattle/QuickBattle.TGL"), game);

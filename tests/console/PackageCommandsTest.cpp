@@ -1,5 +1,6 @@
 #include "console/ConsoleTesting.h"
 #include "packages/PackageFormat.h"
+#include "text/Utf8.h"
 
 namespace tarvo::test {
 namespace {
@@ -72,16 +73,16 @@ TEST_F(PackageCommands, StatusTellsWhatWentWrong) {
   EXPECT_EQ(Install().words, "Critical: That is not a Valid Tarvo File Name!!!\n");
   const Outcome missing = Pack({"scripts\\missing.py"});
   EXPECT_EQ(missing.status, 3);
-  EXPECT_NE(missing.words.find("missing.py: No such file or directory"), std::string::npos);
+  EXPECT_NE(missing.words.find("missing.py: " + SystemWords(kNoSuchFile)), std::string::npos);
   folder.Put("game/s/a;b.py", "x");
   EXPECT_EQ(Pack({"s"}).status, 1);
-  files.Fail(FileStep::Write, 1, ENOSPC);
+  files.Fail(FileStep::Write, 1, kDiskFull);
   const Outcome full = Pack({"scripts"});
   EXPECT_EQ(full.status, 3);
-  EXPECT_NE(full.words.find("x.Tarvo: No space left on device"), std::string::npos);
+  EXPECT_NE(full.words.find("x.Tarvo: " + SystemWords(kDiskFull)), std::string::npos);
   Pack({"scripts2"});
   options.Answer = u"All";
-  files.Fail(FileStep::Commit, 1, EACCES);
+  files.Fail(FileStep::Commit, 1, kAccessDenied);
   const Outcome denied = Install();
   EXPECT_EQ(denied.status, 3);
   EXPECT_NE(denied.words.find("Critical: Can't write to File "), std::string::npos);

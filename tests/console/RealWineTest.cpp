@@ -1,14 +1,12 @@
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
 
-#include "ConsoleTesting.h"
+#include "console/ConsoleTesting.h"
 #include "platform/posix/WinePrefixes.h"
 #include "platform/posix/WineRegistry.h"
+#include "support/RunProgram.h"
 
 namespace tarvo::test {
 namespace {
@@ -34,31 +32,6 @@ std::string FindProgram(std::initializer_list<const char*> names) {
   return {};
 }
 
-/// Runs a program for at most two minutes; gives its exit status, and what it printed.
-Outcome RunProgram(std::vector<std::string> words, std::vector<std::string> environment,
-                   const TemporaryFolder& folder) {
-  words.insert(words.begin(), {"timeout", "--kill-after=5", "120"});
-  const auto pointers = [](std::vector<std::string>& texts) {
-    std::vector<char*> all;
-    for (std::string& text : texts) all.push_back(text.data());
-    all.push_back(nullptr);
-    return all;
-  };
-  folder.Put("output", "");
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, 1, folder.Host("output").c_str(), O_WRONLY, 0);
-  posix_spawn_file_actions_addopen(&actions, 2, "/dev/null", O_WRONLY, 0);
-  pid_t process = 0;
-  const int code = posix_spawnp(&process, "timeout", &actions, nullptr, pointers(words).data(),
-                                pointers(environment).data());
-  posix_spawn_file_actions_destroy(&actions);
-  int status = -1;
-  if (code == 0) waitpid(process, &status, 0);
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, folder.Get("output"), {}};
-}
-
 /// A prefix that Wine itself makes, without a screen.
 class RealWine : public Console {
  protected:
@@ -78,29 +51,30 @@ class RealWine : public Console {
     if (!wine.empty() && !server.empty()) StopServer();
   }
 
-  std::vector<std::string> Environment(const std::string& winePrefix) {
-    std::vector<std::string> all = {"PATH=" + std::string(std::getenv("PATH")),
+  /// Runs a program in an environment of the test's own.
+  Ran RunIn(const std::string& winePrefix, const std::vector<std::string>& words) {
+    std::vector<std::string> all = {"env",
+                                    "-i",
+                                    "PATH=" + std::string(std::getenv("PATH")),
                                     "HOME=" + folder.Host("home"),
                                     "XDG_CONFIG_HOME=" + folder.Host("config"),
                                     "LC_ALL=C.UTF-8",
                                     "WINEDEBUG=-all",
                                     "WINEDLLOVERRIDES=mscoree=;mshtml="};
     if (!winePrefix.empty()) all.push_back("WINEPREFIX=" + winePrefix);
-    return all;
+    all.insert(all.end(), words.begin(), words.end());
+    return RunProgram(std::move(all));
   }
 
   /// The server writes the registry to its file as it ends.
   void StopServer() {
-    for (const char* order : {"-k", "-w"}) {
-      RunProgram({server, order}, Environment(prefix), folder);
-    }
+    for (const char* order : {"-k", "-w"}) RunIn(prefix, {server, order});
   }
 
   void Register(const std::string& version, const std::string& view, const std::string& game) {
-    const Outcome outcome = RunProgram({wine, "reg", "add", kKey + version, "/v", "INSTALLPATH",
-                                        "/d", "C:\\" + game, "/f", "/reg:" + view},
-                                       Environment(prefix), folder);
-    ASSERT_EQ(outcome.status, 0) << "reg add failed";
+    const Ran ran = RunIn(prefix, {wine, "reg", "add", kKey + version, "/v", "INSTALLPATH", "/d",
+                                   "C:\\" + game, "/f", "/reg:" + view});
+    ASSERT_EQ(ran.Status, 0) << "reg add failed";
     StopServer();
   }
 
@@ -150,13 +124,13 @@ TEST_F(RealWine, GameIsFoundInThePrefixesThatWineMakes) {
     fs::create_directories(fs::path(folder.Host(place)).parent_path());
     fs::rename(folder.Host(now), folder.Host(place));
     now = place;
-    const Outcome outcome = RunProgram({TARVO_TOOL, "game"}, Environment(winePrefix), folder);
-    EXPECT_EQ(outcome.status, isFound ? 0 : 1) << place;
+    const Ran ran = RunIn(winePrefix, {TARVO_TOOL, "game"});
+    EXPECT_EQ(ran.Status, isFound ? 0 : 1) << place;
     const std::string expected =
         isFound ? Utf8FromText(GamePathFromArgument(folder.Host(place)) + u"\\drive_c\\") + kBridge
                 : "";
-    EXPECT_EQ(outcome.results.substr(0, expected.size()), expected) << place;
-    EXPECT_EQ(outcome.results.empty(), !isFound) << outcome.results;
+    EXPECT_EQ(ran.Output.substr(0, expected.size()), expected) << place;
+    EXPECT_EQ(ran.Output.empty(), !isFound) << ran.Output;
   }
   fs::rename(folder.Host(now), prefix);  // Where its server is to be stopped.
 }

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "console/ConsoleTesting.h"
+#include "text/Utf8.h"
 
 namespace tarvo::test {
 namespace {
@@ -74,10 +75,10 @@ TEST_F(ShipCommands, CheckShowsBothBoxesAndFindsFault) {
   EXPECT_EQ(bad.results.find("Checking File Structures...\n\n==="), 0u);
   EXPECT_NE(bad.results.find("List of Possible Problems...\n\n1 Critical Error(s):"),
             std::string::npos);
-  files.Fail(FileStep::Open, 1, EACCES);
+  files.Fail(FileStep::Open, 1, kAccessDenied);
   const Outcome unreadable = Do({"check", "Good"});
   EXPECT_EQ(unreadable.status, 3);
-  EXPECT_NE(unreadable.words.find("Good.py: Permission denied"), std::string::npos);
+  EXPECT_NE(unreadable.words.find("Good.py: " + SystemWords(kAccessDenied)), std::string::npos);
 }
 
 TEST_F(ShipCommands, StatesChangeForTheShipsThatAreNamed) {
@@ -113,11 +114,11 @@ TEST_F(ShipCommands, PluginsAreMadeAndReadBack) {
   EXPECT_EQ(Do({"read-plugin", "Good"}).results,
             "icon: I\nmenu: Bases\nmodName: Good\nauthor: \u00C4\nversion: 2\nsources: s\n"
             "comments: c d\n");
-  files.Fail(FileStep::Replace, 1, EACCES);
+  files.Fail(FileStep::Replace, 1, kAccessDenied);
   const Outcome denied = Do({"ship-plugin", "Good", "--menu", "Bases"});
   EXPECT_EQ(denied.status, 3);
   EXPECT_EQ(denied.results, "");
-  EXPECT_NE(denied.words.find("Good.py: Permission denied"), std::string::npos);
+  EXPECT_NE(denied.words.find("Good.py: " + SystemWords(kAccessDenied)), std::string::npos);
 }
 
 }  // namespace

@@ -27,10 +27,10 @@ TEST_F(SoundCommands, ListWeaponsOneALineWithTheirLineBreaks) {
   EXPECT_EQ(Do({"weapons"}).status, 0) << "The command has no use for menus.";
   options.Json = true;
   EXPECT_EQ(Do({"weapons"}).results, "[\"A\",\"b \xC3\xBC\",\"c\\\" )\\r\\n\"]\n");
-  files.Fail(FileStep::Open, 1, EACCES, true);
+  files.Fail(FileStep::Open, 1, kAccessDenied, true);
   const Outcome closed = Do({"weapons"});
   EXPECT_EQ(closed.status, 3);
-  EXPECT_NE(closed.words.find("a.py: Permission denied"), std::string::npos);
+  EXPECT_NE(closed.words.find("a.py: " + SystemWords(kAccessDenied)), std::string::npos);
 }
 
 TEST_F(SoundCommands, MakeAPluginOfAllSounds) {
@@ -57,7 +57,7 @@ TEST_F(SoundCommands, WrongSoundsAreRefusedBeforeAnythingIsMade) {
   const Outcome broken = Do({"sound-plugin", "x", "--sound", "torp.wav,A\nB,50"});
   EXPECT_EQ(broken.status, 1);
   EXPECT_EQ(broken.results, "");
-  files.Fail(FileStep::Commit, 1, ENOSPC);
+  files.Fail(FileStep::Commit, 1, kDiskFull);
   const Outcome full = Do({"sound-plugin", "x", "--sound", "torp.wav,A,50"});
   EXPECT_EQ(full.status, 3);
   EXPECT_EQ(full.results, "");

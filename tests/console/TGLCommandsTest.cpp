@@ -1,5 +1,6 @@
 #include "console/ConsoleTesting.h"
 #include "shiptgl/ShipDefinition.h"
+#include "text/Utf8.h"
 #include "tgl/TGLFile.h"
 
 namespace tarvo::test {
@@ -63,7 +64,7 @@ TEST_F(TGLCommands, MergeTellsWhatItCouldNotDo) {
   EXPECT_NE(missing.words.find("Critical: Your Nord.TGL file is not Valid with BETA v4.0"),
             std::string::npos);
   EXPECT_NE(missing.words.find("Ships.TGL: "), std::string::npos);
-  EXPECT_NE(missing.words.find("No such file or directory"), std::string::npos);
+  EXPECT_NE(missing.words.find(SystemWords(kNoSuchFile)), std::string::npos);
 }
 
 TEST_F(TGLCommands, MergeClearsTheReadOnlyMark) {

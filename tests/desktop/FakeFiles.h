@@ -1,7 +1,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cerrno>
 #include <map>
 #include <set>
 
@@ -28,7 +27,7 @@ class FakeFiles : public Files {
 
   std::unique_ptr<FileReader> Open(TextView path) override {
     const auto found = files_.find(Text(path));
-    if (found == files_.end()) throw PlatformError(u"open", Text(path), ENOENT);
+    if (found == files_.end()) throw PlatformError(u"open", Text(path), kNoSuchFile);
     return std::make_unique<Reader>(found->second);
   }
 
@@ -74,7 +73,7 @@ class FakeFiles : public Files {
   };
 
   [[noreturn]] static void Refuse(TextView path) {
-    throw PlatformError(u"change", Text(path), EROFS);
+    throw PlatformError(u"change", Text(path), kAccessDenied);
   }
 
   static bool In(const Text& path, TextView folder) {

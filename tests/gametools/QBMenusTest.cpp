@@ -238,7 +238,7 @@ TEST_F(QBMenusScreen, NoFailureLooksLikeASuccess) {
       screen.LoadQBMenus();
       for (const bool adds : {true, false}) {
         machine.boxes.clear();
-        machine.files.Fail(step, nth, ENOSPC);
+        machine.files.Fail(step, nth, kDiskFull);
         if (adds) {
           AddMenu(screen, u"Borg");
         } else {

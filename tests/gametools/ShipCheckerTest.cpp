@@ -69,9 +69,12 @@ TEST_F(ShipChecker, ScanDisablesWhatFailsAndSaysSo) {
   AddShip(u"Lost");
   machine.disk->Remove(Script(u"Lost.py"));
   AddShip(u"cased");
-  machine.disk->Rename(Script(u"cased.py"), Script(u"Cased.py"));
+  machine.disk->Remove(Script(u"cased.py"));
+  machine.WriteFile(Script(u"Cased.py"), "");
   AddShip(u"Upper");
-  machine.disk->Rename(Script(u"Upper.py"), Script(u"Upper.PY"));
+  const FileText upper = machine.Bytes(Script(u"Upper.py"));
+  machine.disk->Remove(Script(u"Upper.py"));
+  machine.WriteFile(Script(u"Upper.PY"), upper);
   frmGameTools& screen = Open();
   Select(screen.FileList3, u"Good.py");
   screen.CheckShipFiles();

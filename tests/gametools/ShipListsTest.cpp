@@ -7,18 +7,22 @@ namespace {
 class ShipLists : public ShipScreen {};
 
 TEST_F(ShipLists, TellShipsFromWhatElseLiesInTheFolder) {
-  for (const TextView file :
-       {u"b.py", u"A.py", u"A.pyc", u"A.Disabled", u"__init__.py", u"__INIT__.pyc", u".py",
-        u".Disabled", u"Custom.py", u"Upper.PY", u"both.py", u"low.disabled", u"x.py.py",
-        u"note.txt", u"odd\tname.py", u"star*.py", u"empty.py"}) {
+  for (const TextView file : {u"b.py", u"A.py", u"A.pyc", u"A.Disabled", u"__init__.py",
+                              u"__INIT__.pyc", u".py", u".Disabled", u"Custom.py", u"Upper.PY",
+                              u"both.py", u"low.disabled", u"x.py.py", u"note.txt", u"empty.py"}) {
     machine.WriteFile(Plugin(file), file == u"empty.py" ? "" : "x");
   }
-  machine.folder.Put("game/Scripts/custom/ships/both.PY", "x");
+#ifndef _WIN32
+  // Windows takes no such names.
+  for (const char* file : {"both.PY", "odd\tname.py", "star*.py"}) {
+    machine.folder.Put(std::string("game/Scripts/custom/ships/") + file, "x");
+  }
+#endif
   frmGameTools& screen = Open();
   EXPECT_EQ(Items(screen.lstEnabled),
             (Texts{u"A", u"b", u"both", u"Custom", u"empty", u"Upper", u"x"}));
   EXPECT_EQ(Items(screen.lstDisabled), (Texts{u"A", u"low"}));
-  EXPECT_EQ(Items(screen.FileList4).size(), 12u) << "the list of plug-ins is back on *.py";
+  EXPECT_EQ(Items(screen.FileList4), machine.disk->FileNames(Plugin(u""), u"*.py"));
   screen.FillShipList();
   Texts names;
   for (std::size_t row = 0; row < screen.cboShipName.Count(); ++row) {

@@ -111,7 +111,7 @@ TEST_F(MakeShipPlugin, WhatCantBeWrittenLeavesTheOldPluginAndTheFieldsAndIsNamed
   screen.CustomMenuChosen = true;
   for (const FileStep step : {FileStep::Replace, FileStep::Write, FileStep::Commit}) {
     machine.app.Failures.clear();
-    machine.files.Fail(step, 1, ENOSPC);
+    machine.files.Fail(step, 1, kDiskFull);
     screen.MakeShipPlugin();
     EXPECT_EQ(machine.Bytes(Plugin(u"N1.py")), old);
     EXPECT_EQ(screen.cboSpecies.Text() + screen.cboShipName.Text() + screen.txtComments.Text(),
@@ -119,7 +119,8 @@ TEST_F(MakeShipPlugin, WhatCantBeWrittenLeavesTheOldPluginAndTheFieldsAndIsNamed
     EXPECT_TRUE(screen.CustomMenuChosen);
     EXPECT_TRUE(machine.boxes.empty());
     ASSERT_EQ(machine.app.Failures.size(), 1u);
-    EXPECT_NE(machine.app.Failures[0].Words.find(u"N1.py: No space left"), Text::npos);
+    EXPECT_NE(machine.app.Failures[0].Words.find(u"N1.py: " + SystemErrorText(kDiskFull)),
+              Text::npos);
   }
 }
 
@@ -132,7 +133,7 @@ TEST_F(MakeShipPlugin, ScriptThatCantBeMadeIsNotSaidToBe) {
     machine.app.Failures.clear();
     machine.answers = {u"Yes"};
     // The second file to be written is the script.
-    machine.files.Fail(FileStep::Commit, 2, EACCES);
+    machine.files.Fail(FileStep::Commit, 2, kAccessDenied);
     machine.app.Screen<frmGameTools>().MakeShipPlugin();
     machine.files.Heal();
     for (const Text& message : Messages()) EXPECT_EQ(message.find(u"created"), Text::npos);
@@ -181,7 +182,7 @@ TEST_F(LoadShipPlugin, WithNothingToReadAsksForAMenuAndChangesNoFile) {
   for (const TextView ship : {u"hand", u"empty", u"missing"}) EXPECT_EQ(Load(ship), nothing);
   EXPECT_EQ(PluginFiles(), (Texts{u"empty.py", u"hand.py"}));
   EXPECT_TRUE(machine.app.Failures.empty());
-  machine.files.Fail(FileStep::Open, 1, EACCES);
+  machine.files.Fail(FileStep::Open, 1, kAccessDenied);
   EXPECT_EQ(Load(u"hand"), nothing);
   EXPECT_EQ(machine.app.Failures.size(), 1u);
 }

@@ -1,13 +1,10 @@
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <chrono>
-#include <csignal>
 #include <optional>
 #include <random>
 #include <thread>
 
 #include "gametools/ShipTesting.h"
+#include "support/Child.h"
 #include "text/Utf8.h"
 
 namespace tarvo::test {
@@ -15,14 +12,33 @@ namespace {
 
 constexpr int kShips = 120;
 
+using Operation = void (frmGameTools::*)();
+
+constexpr Operation kOperations[] = {&frmGameTools::DisableShips, &frmGameTools::EnableShips,
+                                     &frmGameTools::DeleteShips};
+
+/// Runs the operation whose number stands in front of the folder's name on all ships.
+const KnownChildPart kOperate("Operate", [](const std::string& argument) {
+  TestMachine machine(TemporaryFolder::OfOther{argument.substr(1)});
+  machine.Start();
+  frmGameTools& screen = machine.app.Screen<frmGameTools>();
+  screen.Visible = true;
+  screen.ListShips();
+  for (ListBox* list : {&screen.lstEnabled, &screen.lstDisabled}) {
+    for (std::size_t row = 0; row < list->Count(); ++row) list->SetSelected(row, true);
+  }
+  machine.answers = {u"Yes"};
+  SayReady();
+  (screen.*kOperations[argument[0] - '0'])();
+  return 0;
+});
+
 class KilledShipStates : public ShipScreen {
  protected:
   void SetUp() override {
     ShipScreen::SetUp();
     for (int ship = 0; ship < kShips; ++ship) AddShip(Name(ship));
   }
-
-  using Operation = void (frmGameTools::*)();
 
   static Text Name(int ship) { return TextFromUtf8("Ship" + std::to_string(ship)); }
 
@@ -39,28 +55,15 @@ class KilledShipStates : public ShipScreen {
 
   /// Runs the operation on all ships in a process that is killed a while after it began, or ends
   /// by itself when `lifetime` is nothing. Gives how long it ran.
-  Time RunAndKill(Operation operation, std::optional<Time> lifetime) {
-    frmGameTools& screen = Open();
-    int pipes[2];
-    EXPECT_EQ(pipe(pipes), 0);
-    const pid_t child = fork();
-    if (child == 0) {
-      for (ListBox* list : {&screen.lstEnabled, &screen.lstDisabled}) {
-        for (std::size_t row = 0; row < list->Count(); ++row) list->SetSelected(row, true);
-      }
-      machine.answers = {u"Yes"};
-      if (write(pipes[1], "!", 1) == 1) (screen.*operation)();
-      _exit(0);
-    }
-    char begun = 0;
-    EXPECT_EQ(read(pipes[0], &begun, 1), 1);
+  Time RunAndKill(int operation, std::optional<Time> lifetime) {
+    Child child("Operate", std::to_string(operation) + machine.folder.Host());
+    EXPECT_TRUE(child.WaitUntilReady());
     const auto start = std::chrono::steady_clock::now();
     if (lifetime) {
       std::this_thread::sleep_for(*lifetime);
-      kill(child, SIGKILL);
+      child.Kill();
     }
-    waitpid(child, nullptr, 0);
-    for (const int end : pipes) close(end);
+    child.Wait();
     return std::chrono::duration_cast<Time>(std::chrono::steady_clock::now() - start);
   }
 
@@ -81,18 +84,18 @@ class KilledShipStates : public ShipScreen {
 
 TEST_F(KilledShipStates, EveryShipStandsInOneOfThem) {
   struct Case {
-    Operation operation;
+    int operation;
     TextView ending;
     bool deletes;
   };
   std::mt19937 random(3);
   int between = 0;
-  for (const Case& c : {Case{&frmGameTools::DisableShips, u".py", false},
-                        Case{&frmGameTools::EnableShips, u".Disabled", false},
-                        Case{&frmGameTools::DeleteShips, u".py", true}}) {
+  const int runs = Kills(12);
+  for (const Case& c :
+       {Case{0, u".py", false}, Case{1, u".Disabled", false}, Case{2, u".py", true}}) {
     PutShips(c.ending);
     const Time whole = RunAndKill(c.operation, {});
-    for (int run = 0; run < 12; ++run) {
+    for (int run = 0; run < runs; ++run) {
       PutShips(c.ending);
       RunAndKill(c.operation, Time(random() % static_cast<unsigned>(whole.count())));
       const int enabled = Count(u".py", u".Disabled");

@@ -164,7 +164,7 @@ TEST_F(FailingShipStates, AtEveryStepTheListsShowWhatStandsAndTheFailureIsNoted)
     for (int nth = 1; nth <= c.steps; ++nth) {
       frmGameTools& screen = OpenAnew();
       machine.answers = {u"Yes"};
-      machine.files.Fail(c.step, nth, EACCES);
+      machine.files.Fail(c.step, nth, kAccessDenied);
       (screen.*c.operation)();
       EXPECT_EQ(machine.app.Failures.size(), 1u) << nth;
       EXPECT_TRUE(machine.boxes.empty());

@@ -19,14 +19,13 @@ void Gather(Files& files, const Text& folder, const Text& prefix, std::vector<Te
 
 }  // namespace
 
-TestMachine::TestMachine()
-    : disk(OpenFiles(folder.Host("journal"))),
-      files(*disk),
-      dialogue(app),
-      app({files, settings, registry, sound, video, locale, clock, *this}, *this, dialogue,
-          ProgramFolder()) {
+TestMachine::TestMachine() {
   WriteFile(GameFolder() + u"\\stbc.exe", "game");
   WriteFile(ProgramFolder() + u"\\tarvo", "program");
+  settings.Write(u"Tarvo Packager", u"Settings", u"GamePath", GameFolder());
+}
+
+TestMachine::TestMachine(const TemporaryFolder::OfOther& other) : folder(other) {
   settings.Write(u"Tarvo Packager", u"Settings", u"GamePath", GameFolder());
 }
 

@@ -7,6 +7,7 @@
 
 #include "assistant/PacDialogue.h"
 #include "assistant/frmPac_InputBox.h"
+#include "platform/HostMachine.h"
 #include "platform/Windows.h"
 #include "shell/frmMain.h"
 #include "state/Application.h"
@@ -28,6 +29,9 @@ class TestMachine : public FormHost, public Windows {
 
   /// The game's folder holds stbc.exe and is stored in the settings.
   TestMachine();
+
+  /// On the folders of another process's machine, which it leaves as they are.
+  explicit TestMachine(const TemporaryFolder::OfOther& other);
 
   /// Brings up the top window and with it the main menu. The first time the game gets Foundation's
   /// FoundationConfig.py, unless `hasFoundation` is false.
@@ -53,16 +57,19 @@ class TestMachine : public FormHost, public Windows {
   void Turn() { app.screens.DestroyClosed(); }
 
   TemporaryFolder folder;
-  std::unique_ptr<Files> disk;
-  FailingFiles files;
+  std::unique_ptr<Files> disk = OpenFiles(folder.Host("journal"));
+  FailingFiles files{*disk};
   MemorySettings settings;
   MemoryRegistry registry;
   RecordingSound sound;
   RecordingVideo video;
   FixedLocale locale;
   ScriptedClock clock;
-  PacDialogue dialogue;
-  Application app;
+  PacDialogue dialogue{app};
+  Application app{{files, settings, registry, sound, video, locale, clock, *this},
+                  *this,
+                  dialogue,
+                  ProgramFolder()};
 
   std::vector<Box> boxes;       ///< What message boxes have shown.
   std::vector<Text> questions;  ///< What the dialog has asked.

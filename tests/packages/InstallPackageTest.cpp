@@ -162,14 +162,15 @@ TEST_F(Installing, FileThatCantBeWrittenIsNamedAndTheRestFollows) {
                               BoxIcon::Critical}));
   EXPECT_EQ(machine.Bytes(game + u"\\s\\1.py"), "old");
   EXPECT_EQ(machine.Bytes(game + u"\\3.py"), "x");
-  EXPECT_NE(Status().find(u"1.py: Permission denied (and 1 more)"), Text::npos);
+  EXPECT_NE(Status().find(u"1.py: " + SystemErrorText(kAccessDenied) + u" (and 1 more)"),
+            Text::npos);
 }
 
 TEST_F(Installing, FullDiskLosesNoOldFile) {
   machine.WriteFile(game + u"\\s\\1.py", "old");
   for (const FileStep step : {FileStep::Copy, FileStep::Commit}) {
     machine.answers = {u"Yes"};
-    machine.files.Fail(step, 1, ENOSPC);
+    machine.files.Fail(step, 1, kDiskFull);
     Install(Package({{u"\\s\\1.py", "new"}}));
     EXPECT_EQ(machine.Bytes(game + u"\\s\\1.py"), "old");
     EXPECT_EQ(machine.FilesBelow(game).size(), 3u);

@@ -185,11 +185,11 @@ TEST_F(PackagerScreen, PackageThatCantBeWrittenLeavesTheOldOneAndTheChoice) {
     ChooseFolder(screen, u"\\scripts\\ships");
     screen.lblAddAll.Press();
     screen.cboFileName.SetText(u"x");
-    machine.files.Fail(step, 1, ENOSPC);
+    machine.files.Fail(step, 1, kDiskFull);
     screen.lblSave.Press();
     EXPECT_EQ(machine.Bytes(program + u"\\Tarvos\\x.Tarvo"), "old");
     EXPECT_EQ(machine.FilesBelow(program + u"\\Tarvos").size(), 1u);
-    EXPECT_NE(machine.Start().StatusBar.Panel1.Get().find(u"No space left on device"), Text::npos);
+    EXPECT_NE(machine.Start().StatusBar.Panel1.Get().find(SystemErrorText(kDiskFull)), Text::npos);
     EXPECT_FALSE(screen.PackageList.empty());
     screen.lblExit.Press();
     machine.Turn();

@@ -1,12 +1,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cerrno>
 #include <filesystem>
 #include <thread>
 
+#include "platform/HostMachine.h"
 #include "platform/InstalledData.h"
-#include "platform/posix/PosixFiles.h"
 #include "support/FailingFiles.h"
 #include "support/TemporaryFolder.h"
 
@@ -22,7 +21,7 @@ class InstalledDataTest : public testing::Test {
   /// Puts a file past the doors, or takes it away for kNone.
   void Set(const std::string& name, std::string_view bytes) {
     if (bytes == kNone) {
-      fs::remove(folder.Host(name));
+      fs::remove(folder.Path(name));
     } else {
       folder.Put(name, bytes);
     }
@@ -35,7 +34,7 @@ class InstalledDataTest : public testing::Test {
   }
 
   std::string At(const std::string& name) {
-    return fs::exists(folder.Host(name)) ? folder.Get(name) : std::string(kNone);
+    return fs::exists(folder.Path(name)) ? folder.Get(name) : std::string(kNone);
   }
 
   /// Starts the program; gives the number of failures.
@@ -44,13 +43,13 @@ class InstalledDataTest : public testing::Test {
   }
 
   void SetUp() override {
-    fs::create_directories(folder.Host("data"));
-    fs::create_directories(folder.Host("user"));
+    fs::create_directories(folder.Path("data"));
+    fs::create_directories(folder.Path("user"));
   }
 
   TemporaryFolder folder;
-  PosixFiles real{""};
-  FailingFiles files{real};
+  std::unique_ptr<Files> disk = OpenFiles("");
+  FailingFiles files{*disk};
 };
 
 struct Upgrade {
@@ -75,7 +74,7 @@ TEST_F(InstalledDataTest, FollowsTheInstalledFilesAndLeavesTheUsers) {
   for (const Upgrade& upgrade : kUpgrades) {
     SCOPED_TRACE(testing::Message()
                  << upgrade.First << ", " << upgrade.Users << ", " << upgrade.Second);
-    fs::remove(folder.Host("user/.installed"));
+    fs::remove(folder.Path("user/.installed"));
     Set("user/Backup/Deep/file", kNone);
     Install("Backup/Deep/file", upgrade.First);
     ASSERT_EQ(Start(), 0u);
@@ -131,8 +130,8 @@ TEST_F(InstalledDataTest, TouchesNoStandingFileWithoutARecordOfIt) {
     EXPECT_EQ(At("user/Backup/Galaxy.py"), "1") << record;
     EXPECT_EQ(At("user/Help/added"), "2") << record;
     EXPECT_EQ(At("outside"), "") << record;
-    fs::remove_all(folder.Host("user"));
-    fs::create_directories(folder.Host("user"));
+    fs::remove_all(folder.Path("user"));
+    fs::create_directories(folder.Path("user"));
   }
 }
 
@@ -141,8 +140,8 @@ class InstalledDataFailing : public InstalledDataTest {
   /// A user's copy of the first version, and the second version installed.
   void Prepare() {
     files.Heal();
-    fs::remove_all(folder.Host("user"));
-    fs::create_directories(folder.Host("user"));
+    fs::remove_all(folder.Path("user"));
+    fs::create_directories(folder.Path("user"));
     for (const char* name : {"Backup/kept", "Backup/gone", "Help/new", "Help/mine"}) {
       Install(name, kNone);
     }
@@ -175,7 +174,7 @@ TEST_F(InstalledDataFailing, LosesNothingAndIsTakenUpAgain) {
       SCOPED_TRACE(testing::Message() << "step " << static_cast<int>(step) << ", " << nth);
       Prepare();
       const int before = files.Steps(step);
-      files.Fail(step, nth, EIO);
+      files.Fail(step, nth, kReadFault);
       const bool isTold = Start() > 0;
       if (files.Steps(step) - before < nth) break;
       ExpectWholeAndHealed(isTold);
@@ -186,7 +185,7 @@ TEST_F(InstalledDataFailing, LosesNothingAndIsTakenUpAgain) {
 TEST_F(InstalledDataFailing, OutlivesAFullDisk) {
   for (std::uint64_t bytes = 0; bytes < 100; bytes += bytes < 4 ? 1 : 40) {
     Prepare();
-    files.FailAfterBytes(bytes, ENOSPC);
+    files.FailAfterBytes(bytes, kDiskFull);
     ExpectWholeAndHealed(Start() > 0);
   }
 }
@@ -197,8 +196,8 @@ TEST_F(InstalledDataTest, TwoProgramsStartAtOnce) {
     Install("Help/" + std::to_string(i % 8) + "/" + std::to_string(i), large);
   std::size_t failures[2];
   const auto start = [&](std::size_t& count) {
-    PosixFiles own("");
-    count = CopyInstalledData(own, folder.Game(u"data"), folder.Game(u"user")).size();
+    const auto own = OpenFiles("");
+    count = CopyInstalledData(*own, folder.Game(u"data"), folder.Game(u"user")).size();
   };
   std::thread other(start, std::ref(failures[0]));
   start(failures[1]);

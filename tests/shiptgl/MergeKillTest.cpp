@@ -1,23 +1,23 @@
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <csignal>
-#include <cstdlib>
+#include <chrono>
 #include <random>
+#include <thread>
 
 #include "TGLToolsTesting.h"
-#include "platform/HostMachine.h"
 #include "shiptgl/UpdateGameTGL.h"
+#include "support/Child.h"
 #include "text/Utf8.h"
 
 namespace tarvo::test {
 namespace {
 
-/// How often the test kills: TARVO_KILLS, by default 300.
-int Kills() {
-  const char* asked = std::getenv("TARVO_KILLS");
-  return asked ? std::atoi(asked) : 300;
-}
+/// Starts, merges and ends, as a program does it.
+const KnownChildPart kMerge("Merge", [](const std::string& folder) {
+  TestMachine machine(TemporaryFolder::OfOther{folder});
+  machine.app.State.GamePath = machine.GameFolder();
+  machine.app.State.AppVersion = u"BETA v4.0";
+  SayReady();
+  return UpdateGameTGL(machine.app, u"Nord") ? 0 : 1;
+});
 
 TEST(MergeKill, KilledMergeLeavesEachDatabaseOldOrNew) {
   TGLMachine game;
@@ -38,39 +38,36 @@ TEST(MergeKill, KilledMergeLeavesEachDatabaseOldOrNew) {
   }
   ASSERT_NE(states[0], states[1]);
 
-  const std::string journal = game.machine.folder.Host("journal");
+  using Time = std::chrono::microseconds;
   std::minstd_rand chance(20);
+  Time whole{0};
   int killed = 0;
-  for (int run = 0; run < Kills(); ++run) {
+  const int runs = Kills(300);
+  for (int run = 0; run <= runs; ++run) {
     game.Define(u"Nord", texts(run % 2 == 0));
-    const pid_t child = fork();
-    if (child == 0) {
-      // As a program does it that starts, merges and ends.
-      const auto disk = OpenFiles(journal);
-      FailingFiles files(*disk);
-      TestMachine& machine = game.machine;
-      PacDialogue dialogue(machine.app);
-      Application app({files, machine.settings, machine.registry, machine.sound, machine.video,
-                       machine.locale, machine.clock, machine},
-                      machine, dialogue, machine.ProgramFolder());
-      app.State = machine.app.State;
-      _exit(UpdateGameTGL(app, u"Nord") ? 0 : 1);
+    Child child("Merge", game.machine.folder.Host());
+    ASSERT_TRUE(child.WaitUntilReady());
+    if (run == 0) {
+      // The first one may end, and tells how long they take.
+      const auto start = std::chrono::steady_clock::now();
+      ASSERT_EQ(child.Wait(), 0);
+      whole = std::chrono::duration_cast<Time>(std::chrono::steady_clock::now() - start);
+      continue;
     }
-    usleep(chance() % 4000);
-    kill(child, SIGKILL);
-    int status = 0;
-    waitpid(child, &status, 0);
-    killed += WIFSIGNALED(status);
-    ASSERT_TRUE(WIFSIGNALED(status) || WEXITSTATUS(status) == 0);
+    std::this_thread::sleep_for(Time(chance() % static_cast<unsigned>(whole.count())));
+    child.Kill();
+    const int status = child.Wait();
+    ASSERT_TRUE(status == -1 || status == 0) << status;
+    killed += status == -1;
     const FileText ships = game.machine.Bytes(game.ships);
     const FileText quickBattle = game.machine.Bytes(game.quickBattle);
     ASSERT_TRUE(ships == states[0].first || ships == states[1].first) << "run " << run;
     ASSERT_TRUE(quickBattle == states[0].second || quickBattle == states[1].second)
         << "run " << run;
   }
-  EXPECT_GT(killed, Kills() / 10);
+  EXPECT_GT(killed, runs / 10);
   RecordProperty("killed", killed);
-  OpenFiles(journal)->RemoveAbandoned();
+  game.machine.disk->RemoveAbandoned();
   EXPECT_EQ(game.machine.FilesBelow(game.machine.GameFolder()).size(), 3u);
 }
 

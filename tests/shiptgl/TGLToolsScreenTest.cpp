@@ -154,16 +154,16 @@ TEST_F(TGLTools, DefinitionIsSavedEditedAndDeleted) {
 
 TEST_F(TGLTools, FailuresAreToldAndLoseNothing) {
   const FileText sued = machine.Bytes(Definition(u"Sued"));
-  machine.files.Fail(FileStep::Write, 1, ENOSPC);
+  machine.files.Fail(FileStep::Write, 1, kDiskFull);
   screen->cboShipNames.SetText(u"Sued");
   screen->lblNew.Press();
   EXPECT_EQ(LastBox(), u"TGLLib has not been Registered with Windows, Please reinstall Tarvo!!!");
-  EXPECT_NE(Status().find(u"No space left"), Text::npos);
+  EXPECT_NE(Status().find(SystemErrorText(kDiskFull)), Text::npos);
   EXPECT_EQ(machine.Bytes(Definition(u"Sued")), sued);
 
   screen->lblDeleteTGL.Press();
   Pick(screen->FileList, u"Sued.TGL");
-  machine.files.Fail(FileStep::Remove, 1, EACCES);
+  machine.files.Fail(FileStep::Remove, 1, kAccessDenied);
   machine.answers = {u"Yes"};
   screen->lblDelete.Press();
   EXPECT_EQ(LastBox(), u"The Ship TGL Definition was NOT Deleted from your Hard Drive!");

@@ -108,7 +108,7 @@ TEST_F(Merging, FailingDiskNeverLeavesAHalfWrittenDatabase) {
       machine.WriteFile(ships, oldShips);
       machine.WriteFile(quickBattle, oldQuickBattle);
       const int before = machine.files.Steps(step);
-      machine.files.Fail(step, nth, ENOSPC);
+      machine.files.Fail(step, nth, kDiskFull);
       const bool failed = !Failure().empty();
       machine.files.Heal();
       const bool wroteShips = machine.Bytes(ships) == newShips;

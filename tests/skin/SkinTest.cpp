@@ -97,7 +97,7 @@ TEST_F(Skin, TheFilesAreThoseThatTheTablesName) {
   }
   std::set<std::string> there;
   for (const auto& entry : std::filesystem::directory_iterator(TARVO_GFX_FOLDER)) {
-    if (entry.path().extension() == ".bmp") there.insert(entry.path().filename());
+    if (entry.path().extension() == ".bmp") there.insert(entry.path().filename().string());
   }
   EXPECT_EQ(there, named);
 }

@@ -84,12 +84,12 @@ TEST_F(Utilities, ReadFailureGivesWhatWasReadAndDeletesNothing) {
   machine.WriteFile(path, "0123456789");
   app.State.ReadChunkSize = 4;
   app.State.CurrentScreen = u"Packager";
-  machine.files.Fail(FileStep::Read, 2, EIO);
+  machine.files.Fail(FileStep::Read, 2, kReadFault);
   EXPECT_EQ(ReadFileText(app, path), "0123");
-  machine.files.Fail(FileStep::Read, 1, EIO);
+  machine.files.Fail(FileStep::Read, 1, kReadFault);
   EXPECT_EQ(ReadFileText(app, path), "");
   machine.WriteFile(path, "");
-  machine.files.Fail(FileStep::Open, 1, EACCES);
+  machine.files.Fail(FileStep::Open, 1, kAccessDenied);
   EXPECT_EQ(ReadFileText(app, path), "");
   EXPECT_EQ(machine.Bytes(path), "");
 }
@@ -101,19 +101,19 @@ TEST_F(Utilities, LookingNotesAFileThatCantBeReadToItsEnd) {
   LookAtFile(app, path);
   EXPECT_TRUE(app.Failures.empty());
   machine.WriteFile(path, "text");
-  machine.files.Fail(FileStep::Open, 1, EACCES);
+  machine.files.Fail(FileStep::Open, 1, kAccessDenied);
   LookAtFile(app, path);
-  machine.files.Fail(FileStep::Read, 1, EIO);
+  machine.files.Fail(FileStep::Read, 1, kReadFault);
   LookAtFile(app, path);
   ASSERT_EQ(app.Failures.size(), 2u);
-  EXPECT_EQ(app.Failures[0].Words, u"Can't open " + path + u": Permission denied");
+  EXPECT_EQ(app.Failures[0].Words, u"Can't open " + path + u": " + SystemErrorText(kAccessDenied));
   EXPECT_TRUE(app.Failures[1].OnFile);
 }
 
 TEST_F(Utilities, FactsThatCouldntBeReadAreReadAgain) {
   machine.WriteFile(path, "text");
   FileFacts<std::size_t> lengths(app, [](const FileText& text) { return text.size(); });
-  machine.files.Fail(FileStep::Open, 1, EACCES);
+  machine.files.Fail(FileStep::Open, 1, kAccessDenied);
   EXPECT_EQ(lengths.Of(path), 0u);
   EXPECT_EQ(lengths.Of(path), 4u);
   const int opened = machine.files.Steps(FileStep::Open);
@@ -124,11 +124,12 @@ TEST_F(Utilities, FactsThatCouldntBeReadAreReadAgain) {
 TEST_F(Utilities, FailureTellsTheFileAndTheSystemsWords) {
   const RaisedError refused(u"TGLFileRep.ReadFile", u"Not valid.\r\nReally");
   NoteFailure(app, refused, path);
-  NoteFailure(app, refused.Because(ENOSPC), path);
+  NoteFailure(app, refused.Because(kDiskFull), path);
   ASSERT_EQ(app.Failures.size(), 2u);
   EXPECT_EQ(app.Failures[0].Words, path + u": Not valid. Really");
   EXPECT_FALSE(app.Failures[0].OnFile);
-  EXPECT_EQ(app.Failures[1].Words, path + u": Not valid. Really (No space left on device)");
+  EXPECT_EQ(app.Failures[1].Words,
+            path + u": Not valid. Really (" + SystemErrorText(kDiskFull) + u")");
   EXPECT_TRUE(app.Failures[1].OnFile);
 }
 

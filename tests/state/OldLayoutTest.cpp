@@ -1,97 +1,10 @@
-#include <gtest/gtest.h>
-
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <random>
-#include <set>
 
-#include "machine/TestMachine.h"
-#include "state/StartUp.h"
-#include "text/Utf8.h"
+#include "OldGame.h"
 
 namespace tarvo::test {
 namespace {
-
-namespace fs = std::filesystem;
-
-using Names = std::vector<Text>;
-
-const TestMachine::Box kUpgraded{u"Tarvo BETA v4.0 has upgraded your files!", BoxIcon::Plain};
-
-/// A game that stands already, and gets the old layout afterwards.
-class OldGame {
- public:
-  OldGame() {
-    machine.Start();
-    for (const char* folder : {"Ships", "AutoLoad"}) {
-      fs::create_directories(machine.folder.Host("game/scripts/Custom/") + folder);
-    }
-  }
-
-  void Put(const std::string& path, const std::string& bytes) {
-    machine.folder.Put("game/scripts/" + path, bytes);
-  }
-
-  /// Something of each kind that the old folders may hold, each with bytes of its own.
-  void PutEverything() {
-    for (const char* path :
-         {"plugins/Custom/Custom.py", "plugins/Custom/Akira.py", "plugins/Custom/Borg.PY",
-          "plugins/Custom/Akira.pyc", "plugins/Custom/.hidden", "plugins/Custom/Sub/deep/x.py",
-          "plugins/Effects.py", "plugins/Same.py", "plugins/notes.txt", "plugins/Other/y.py",
-          "Custom/Ships/Borg.py", "Custom/Ships/Custom.py", "Custom/AutoLoad/Effects.py"}) {
-      Put(path, path);
-    }
-    Put("Custom/AutoLoad/Same.py", "plugins/Same.py");
-    fs::create_directories(machine.folder.Host("game/scripts/plugins/empty"));
-    for (const char* path : {"plugins/Custom/Akira.py", "Custom/AutoLoad/Effects.py"}) {
-      fs::permissions(machine.folder.Host("game/scripts/") + path, fs::perms::owner_read);
-    }
-  }
-
-  void PutMany(int count) {
-    Put("plugins/Custom/Custom.py", "marker");
-    for (int i = 0; i < count; ++i) {
-      const std::string name = "Ship" + std::to_string(i);
-      Put("plugins/Custom/" + name + ".py", name);
-      if (i % 5 == 0) Put("plugins/" + name + "_SoundPak.py", "sound of " + name);
-      if (i % 7 == 0) Put("plugins/Custom/" + name + ".pyc", "compiled " + name);
-      if (i % 50 == 0) Put("Custom/Ships/" + name + ".py", "newer " + name);
-    }
-  }
-
-  void Run() { StartUpSequence(machine.app); }
-
-  Text Status() { return machine.Start().StatusBar.Panel1.Get(); }
-
-  Names Scripts() { return machine.FilesBelow(machine.GameFolder() + u"\\scripts"); }
-
-  Names Kept() { return machine.disk->FolderExists(kept) ? machine.FilesBelow(kept) : Names(); }
-
-  FileText KeptBytes(TextView path) { return machine.Bytes(kept + Text(path)); }
-
-  bool HasOldFolders() { return machine.disk->FolderExists(machine.GameFolder() + kOld); }
-
-  /// The bytes of all whole files in the game's scripts and among the kept ones.
-  std::set<FileText> AllBytes() {
-    std::set<FileText> all;
-    for (const std::string& folder :
-         {machine.folder.Host("game/scripts"), machine.folder.Host("program/Backup/Old layout")}) {
-      if (!fs::exists(folder)) continue;
-      for (const auto& entry : fs::recursive_directory_iterator(folder)) {
-        const bool isTemporary = entry.path().filename().string().starts_with(".tarvo-");
-        if (!entry.is_regular_file() || isTemporary) continue;
-        std::ifstream file(entry.path(), std::ios::binary);
-        all.emplace(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-      }
-    }
-    return all;
-  }
-
-  TestMachine machine;
-  const Text kept = machine.ProgramFolder() + u"\\Backup\\Old layout";
-  const Text kOld = u"\\scripts\\Plugins";
-};
 
 TEST(OldLayout, PlugInsMoveAndTheRestIsKept) {
   OldGame game;
@@ -165,80 +78,6 @@ TEST(OldLayout, NeedsOnlyTheFoldersThatSomethingMovesTo) {
   }
 }
 
-TEST(OldLayout, NamesThatDifferInCaseAloneLoseNothing) {
-  OldGame game;
-  game.Put("Plugins/Custom/Custom.py", "marker");
-  game.Put("Plugins/Custom/ship.py", "lower");
-  game.Put("Plugins/Custom/Ship.py", "upper");
-  game.Put("Plugins/notes", "lower notes");
-  game.Put("Plugins/Notes", "upper notes");
-  const std::set<FileText> before = game.AllBytes();
-  game.Run();
-  EXPECT_FALSE(game.HasOldFolders());
-  EXPECT_EQ(game.AllBytes(), before);
-}
-
-TEST(OldLayout, LinkedFoldersAreNeverEmptied) {
-  struct Case {
-    const char* link;
-    const char* target;
-    bool upgrades;
-  };
-  for (const Case& c : {
-           Case{"Plugins", "elsewhere", true},
-           Case{"Plugins/Custom", "elsewhere/Custom", true},
-           Case{"Plugins/linked", "elsewhere", true},
-           Case{"Plugins/circle", "game/scripts", true},
-           // The new places lie in the old ones: what moved there would go with them.
-           Case{"Custom/Ships", "game/scripts/Plugins/Custom", false},
-           Case{"Custom/AutoLoad", "game/scripts/Plugins", false},
-           Case{"Custom/Ships/A.py", "game/scripts/Plugins/Custom/A.py", false},
-       }) {
-    SCOPED_TRACE(c.link);
-    OldGame game;
-    const TemporaryFolder& folder = game.machine.folder;
-    const std::string link = folder.Host("game/scripts/") + c.link;
-    const bool replacesFolder =
-        std::string_view(c.link).ends_with("Custom") || std::string_view(c.link) == "Plugins";
-    const std::string filled = replacesFolder ? "elsewhere/" : "game/scripts/Plugins/";
-    for (const char* path : {"Custom/Custom.py", "Custom/A.py", "p.py"}) {
-      folder.Put(filled + path, path);
-    }
-    if (replacesFolder) folder.Put("game/scripts/Plugins/q.py", "q");
-    if (std::string_view(c.link) == "Plugins") fs::remove_all(link);
-    folder.Put("elsewhere/kept.txt", "kept");
-    if (fs::is_directory(link)) fs::remove(link);
-    fs::create_symlink(folder.Host(c.target), link);
-    const std::set<FileText> before = game.AllBytes();
-    game.Run();
-    EXPECT_EQ(game.HasOldFolders(), !c.upgrades);
-    EXPECT_EQ(game.machine.boxes.size(), c.upgrades ? 1u : 0u);
-    EXPECT_EQ(fs::is_symlink(link), !c.upgrades);
-    EXPECT_EQ(folder.Get("elsewhere/kept.txt"), "kept");
-    if (c.upgrades) {
-      EXPECT_EQ(folder.Get("game/scripts/Custom/Ships/A.py"), "Custom/A.py");
-    }
-    if (replacesFolder) {
-      EXPECT_EQ(folder.Get("elsewhere/Custom/A.py"), "Custom/A.py");
-    }
-    std::set<FileText> after = game.AllBytes();
-    after.insert({"Custom/Custom.py", "kept"});
-    for (const FileText& bytes : before) EXPECT_TRUE(after.contains(bytes)) << bytes;
-  }
-}
-
-TEST(OldLayout, NameThatReadsAsAWildcardStopsItBeforeAnythingGoes) {
-  OldGame game;
-  game.PutEverything();
-  game.Put("plugins/*", "star");
-  const std::set<FileText> before = game.AllBytes();
-  game.Run();
-  EXPECT_TRUE(game.machine.boxes.empty());
-  EXPECT_NE(game.Status().find(u"Plugins\\*"), Text::npos);
-  for (const FileText& bytes : before) EXPECT_TRUE(game.AllBytes().contains(bytes)) << bytes;
-  EXPECT_EQ(game.machine.files.Steps(FileStep::Remove), 0);
-}
-
 /// One file of each way that a file can go.
 void PutSome(OldGame& game) {
   for (const char* path :
@@ -258,7 +97,7 @@ void CutAndGoOn(int step, bool kill, const std::function<void(OldGame&)>& put) {
   if (kill) {
     game.machine.files.KillAt(step);
   } else {
-    game.machine.files.FailAny(step, EIO);
+    game.machine.files.FailAny(step, kReadFault);
   }
   bool killed = false;
   try {

@@ -93,7 +93,7 @@ TEST(StartUp, BringsUpTheMenuAndPreparesTheFolders) {
   for (const TextView name : {u"\\Tarvos", u"\\ShipTGLs", u"\\QBMenus"}) {
     EXPECT_TRUE(machine.disk->FolderExists(machine.ProgramFolder() + Text(name)));
   }
-  EXPECT_EQ(machine.disk->Attributes(ships), unsigned{kNormalFile});
+  EXPECT_EQ(machine.disk->Attributes(ships) & kReadOnlyFile, 0u);
   ASSERT_EQ(machine.sound.Orders.size(), 1u);
   EXPECT_EQ(machine.sound.Orders[0].File, machine.ProgramFolder() + u"\\Sfx\\SystemsOnline.wav");
   EXPECT_EQ(machine.sound.Orders[0].Flags, kPlay);
@@ -115,13 +115,13 @@ TEST(StartUp, RunsAgainForAnotherGame) {
   EXPECT_EQ(machine.app.State.GamePath, other);
   EXPECT_FALSE(machine.app.State.VideoFX);
   EXPECT_EQ(machine.questions.size(), 1u);
-  EXPECT_EQ(machine.disk->Attributes(quickBattle), unsigned{kNormalFile});
+  EXPECT_EQ(machine.disk->Attributes(quickBattle) & kReadOnlyFile, 0u);
 }
 
 TEST(StartUp, StoreThatCantBeWrittenStopsNothing) {
   TestMachine machine;
-  machine.settings.FailingCode = EROFS;
-  machine.files.Fail(FileStep::MakeFolder, 1, EROFS, true);
+  machine.settings.FailingCode = kAccessDenied;
+  machine.files.Fail(FileStep::MakeFolder, 1, kAccessDenied, true);
   machine.Start();
   EXPECT_EQ(machine.app.State.GamePath, machine.GameFolder());
   EXPECT_TRUE(machine.app.screens.Find<frmMainMenu>()->Visible);

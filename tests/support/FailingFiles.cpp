@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/PlatformError.h"
-
 namespace tarvo::test {
 namespace {
 

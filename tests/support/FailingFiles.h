@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "platform/Files.h"
+#include "platform/PlatformError.h"
 
 namespace tarvo::test {
 

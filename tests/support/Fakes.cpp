@@ -1,7 +1,5 @@
 #include "support/Fakes.h"
 
-#include <cerrno>
-
 #include "platform/PlatformError.h"
 #include "text/LetterCase.h"
 
@@ -15,7 +13,7 @@ class MemoryKey : public RegistryKey {
 
   std::optional<RegistryValue> Query(TextView valueName) override {
     const Text name = FoldCase(valueName);
-    if (locked_.contains(name)) throw PlatformError(u"read", Text(valueName), EIO);
+    if (locked_.contains(name)) throw PlatformError(u"read", Text(valueName), kReadFault);
     const auto found = values_.find(name);
     return found == values_.end() ? std::nullopt : std::optional(found->second);
   }
@@ -68,10 +66,10 @@ void MemorySettings::Write(TextView application, TextView section, TextView key,
 
 std::unique_ptr<RegistryKey> MemoryRegistry::OpenKey(std::uint32_t root, TextView keyPath) {
   const Text path = FoldCase(keyPath);
-  if (lockedKeys_.contains(path)) throw PlatformError(u"open", Text(keyPath), EACCES);
+  if (lockedKeys_.contains(path)) throw PlatformError(u"open", Text(keyPath), kAccessDenied);
   const auto found = keys_.find(path);
   if (root != kLocalMachine || found == keys_.end()) {
-    throw PlatformError(u"open", Text(keyPath), ENOENT);
+    throw PlatformError(u"open", Text(keyPath), kNoSuchFile);
   }
   std::set<Text> locked;
   for (const auto& [key, value] : lockedValues_) {

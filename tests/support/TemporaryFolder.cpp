@@ -31,9 +31,10 @@ std::string HostOf(const fs::path& path) {
 
 /// Windows deletes nothing that is read-only.
 void MakeWritable(const fs::path& folder) {
-  std::error_code ignored;
-  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder, ignored)) {
-    fs::permissions(entry, fs::perms::owner_write, fs::perm_options::add, ignored);
+  std::error_code failed;
+  for (fs::recursive_directory_iterator entry(folder, failed), end; !failed && entry != end;
+       entry.increment(failed)) {
+    fs::permissions(*entry, fs::perms::owner_write, fs::perm_options::add, failed);
   }
 }
 
@@ -48,6 +49,7 @@ TemporaryFolder::TemporaryFolder(std::string_view below) {
 }
 
 TemporaryFolder::~TemporaryFolder() {
+  if (!isOwn_) return;
   std::error_code failed;
   fs::remove_all(Path(), failed);
   if (!failed) return;

@@ -14,6 +14,13 @@ class TemporaryFolder {
  public:
   /// `below` is the folder of the host to make it in; by default that for temporary files.
   explicit TemporaryFolder(std::string_view below = {});
+
+  /// Another process's folder, which stays.
+  struct OfOther {
+    std::string Host;
+  };
+  explicit TemporaryFolder(const OfOther& other) : host_(other.Host), isOwn_(false) {}
+
   TemporaryFolder(const TemporaryFolder&) = delete;
   TemporaryFolder& operator=(const TemporaryFolder&) = delete;
   ~TemporaryFolder();
@@ -38,6 +45,7 @@ class TemporaryFolder {
 
  private:
   std::string host_;
+  bool isOwn_ = true;
 };
 
 }  // namespace tarvo::test

@@ -19,7 +19,6 @@ namespace tarvo {
 /// nothing else: a call of one of the mocked functions fails the test.
 class MemoryFiles : public Files {
  public:
-  static constexpr int kNoSpace = 28;
   static constexpr int kNotFound = 2;
 
   std::map<Text, FileText> Contents;  ///< By folded path.
@@ -30,7 +29,7 @@ class MemoryFiles : public Files {
 
   void Step(TextView operation, TextView path) {
     ++StepsDone;
-    if (StepsLeft == 0) throw PlatformError(Text(operation), Text(path), kNoSpace);
+    if (StepsLeft == 0) throw PlatformError(Text(operation), Text(path), kDiskFull);
     if (StepsLeft > 0) --StepsLeft;
   }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "TGLTesting.h"
+#include "text/Utf8.h"
 #include "tgl/TGLFile.h"
 #include "tgl/TGLFileRep.h"
 
@@ -118,7 +119,8 @@ TEST(ReadFileTest, NamesOfFilesThatCantBeRead) {
     rep.ReadFile(kPath);
     EXPECT_EQ(rep.MajorVersion(), 1);
     files.StepsLeft = step;
-    EXPECT_EQ(Raised([&] { rep.ReadFile(kPath); }), kReadFailed + "No space left on device");
+    EXPECT_EQ(Raised([&] { rep.ReadFile(kPath); }),
+              kReadFailed + Utf8FromText(SystemErrorText(kDiskFull)));
     EXPECT_EQ(rep.MajorVersion(), 0);
     files.StepsLeft = -1;
   }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "TGLTesting.h"
+#include "text/Utf8.h"
 #include "tgl/TGLFile.h"
 #include "tgl/TGLFileRep.h"
 
@@ -80,7 +81,8 @@ TEST(UpdateTest, WhateverStepFailsTheOldFileStands) {
     files.StepsLeft = step;
     EXPECT_EQ(Raised([&] { file.Update(kPath, true); }),
               "helper_CopyFile: Failed to copy file 'the new Ships.TGL' to "
-              "'Z:\\bc\\data\\TGL\\Ships.TGL'\r\nReason: No space left on device")
+              "'Z:\\bc\\data\\TGL\\Ships.TGL'\r\nReason: " +
+                  Utf8FromText(SystemErrorText(kDiskFull)))
         << step;
     EXPECT_EQ(files[kPath], "old") << step;
   }

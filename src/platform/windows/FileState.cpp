@@ -54,7 +54,7 @@ std::wstring FinalPath(const Handle& file) {
     const auto room = static_cast<DWORD>(path.size());
     const DWORD length = GetFinalPathNameByHandleW(file.Get(), path.data(), room,
                                                    FILE_NAME_NORMALIZED | VOLUME_NAME_DOS);
-    path.resize(length);
+    path.resize(length < room ? length : length + 1);
     if (length < room) return path;
   }
   return {};
