@@ -60,7 +60,6 @@ TEST(WindowsPaths, AreMadeWhole) {
       {u"\\\\.\\PhysicalDrive0", L""},
       {u"\\\\?\\C:\\x", L""},
       {u"C:\\x\\file:stream", L""},
-      {u"C:\\x\\con", L""},
       {u"C:\\x<y", L""},
       {u"", L""},
   };

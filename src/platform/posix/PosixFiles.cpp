@@ -31,6 +31,10 @@ struct stat Look(const std::string& hostPath, TextView path) {
   return state;
 }
 
+bool EndsInSeparator(TextView path) {
+  return !path.empty() && (path.back() == u'\\' || path.back() == u'/');
+}
+
 mode_t CurrentMask() {
   const mode_t mask = umask(077);
   umask(mask);
@@ -93,8 +97,7 @@ std::string PosixFiles::FolderPath(TextView operation, TextView path) {
 
 bool PosixFiles::FileExists(TextView path) {
   struct stat state;
-  const bool endsInSeparator = !path.empty() && (path.back() == u'\\' || path.back() == u'/');
-  return !endsInSeparator && StateOf(path, state) && S_ISREG(state.st_mode);
+  return !EndsInSeparator(path) && StateOf(path, state) && S_ISREG(state.st_mode);
 }
 
 bool PosixFiles::FolderExists(TextView path) {
@@ -104,7 +107,7 @@ bool PosixFiles::FolderExists(TextView path) {
 
 std::optional<FileStamp> PosixFiles::Stamp(TextView path) {
   struct stat state;
-  if (!StateOf(path, state) || !S_ISREG(state.st_mode)) return {};
+  if (EndsInSeparator(path) || !StateOf(path, state) || !S_ISREG(state.st_mode)) return {};
   constexpr std::int64_t kNanoseconds = 1'000'000'000;
   return FileStamp{static_cast<std::uint64_t>(state.st_size),
                    state.st_ctim.tv_sec * kNanoseconds + state.st_ctim.tv_nsec};

@@ -31,7 +31,7 @@ std::wstring AsSpelledOnDisk(const std::wstring& hostPath) {
 }  // namespace
 
 int MoveWhenFree(const std::wstring& from, const std::wstring& to, bool replaces) {
-  const DWORD flags = MOVEFILE_WRITE_THROUGH | (replaces ? MOVEFILE_REPLACE_EXISTING : 0);
+  const DWORD flags = replaces ? MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH : 0;
   const ULONGLONG start = GetTickCount64();
   for (DWORD pause = 1;; pause = std::min<DWORD>(2 * pause, 100)) {
     if (MoveFileExW(from.c_str(), to.c_str(), flags)) return 0;
