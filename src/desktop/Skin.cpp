@@ -32,6 +32,8 @@ QFont FirstInstalled(std::initializer_list<Face> faces) {
     if (!QFontDatabase::hasFamily(family)) continue;
     QFont font(family);
     font.setWeight(face.weight);
+    // As most desktops have it; some would move the letters of a word apart.
+    font.setHintingPreference(QFont::PreferVerticalHinting);
     return font;
   }
   return {};
