@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <filesystem>
 #include <iostream>
 #include <random>
 #include <thread>
@@ -39,6 +40,7 @@ const KnownChildPart kReplaceAll("ReplaceAll", [](const std::string& folder) {
 
 TEST(Kill, LeavesEachFileWholeAndNothingElse) {
   const TemporaryFolder folder;
+  std::filesystem::create_directory(folder.Path("journal"));
   for (int number = 0; number < kFiles; ++number) {
     folder.Put("files/" + Utf8FromText(Name(number)), BytesOf('a'));
   }
