@@ -1,13 +1,12 @@
 #include "desktop/QtWindows.h"
 
 #include <QApplication>
-#include <QDesktopServices>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QProcess>
 #include <QScreen>
 #include <QUrl>
 
+#include "desktop/Host.h"
 #include "desktop/Skin.h"
 #include "platform/HostMachine.h"
 #include "text/Paths.h"
@@ -45,7 +44,7 @@ QString Breakable(QString text) {
 
 }  // namespace
 
-QtWindows::QtWindows() : open_([](const QUrl& url) { return QDesktopServices::openUrl(url); }) {}
+QtWindows::QtWindows() : open_(&ShowInUsersProgram) {}
 
 void QtWindows::ShowMessage(TextView text, TextView caption, BoxIcon icon) {
   QMessageBox box(QApplication::activeWindow());
@@ -69,8 +68,7 @@ bool QtWindows::OpenAddress(TextView address) {
 }
 
 bool QtWindows::RunProgram(TextView path) {
-  const QString program = OnHost(path);
-  return QFileInfo(program).isFile() && QProcess::startDetached(program, {});
+  return StartProgram(path);
 }
 
 void QtWindows::ShowManual(TextView page) {

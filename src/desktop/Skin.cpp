@@ -1,6 +1,7 @@
 #include "desktop/Skin.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFontDatabase>
 #include <QPalette>
 #include <QToolTip>
@@ -31,6 +32,8 @@ QFont FirstInstalled(std::initializer_list<Face> faces) {
     if (!QFontDatabase::hasFamily(family)) continue;
     QFont font(family);
     font.setWeight(face.weight);
+    // As most desktops have it; some would move the letters of a word apart.
+    font.setHintingPreference(QFont::PreferVerticalHinting);
     return font;
   }
   return {};
@@ -49,6 +52,14 @@ QFont FaceOf(FontRole role) {
   return FirstInstalled({{"Franklin Gothic Medium", QFont::Normal},
                          {"Open Sans", QFont::DemiBold},
                          {"Libre Franklin", QFont::Medium}});
+}
+
+/// What was brought along for machines that may lack the faces.
+void AddFontsOfTheProgram() {
+  const QDir folder(QApplication::applicationDirPath() + QStringLiteral("/Fonts"));
+  for (const QString& file : folder.entryList(QDir::Files)) {
+    QFontDatabase::addApplicationFont(folder.filePath(file));
+  }
 }
 
 QPalette DarkPalette() {
@@ -140,6 +151,7 @@ double Dimming(const QColor& caption, const QColor& ground) {
 
 void ApplySkin(QApplication& application) {
   LastInput::Watch(application);
+  AddFontsOfTheProgram();
   application.setStyle(new SkinStyle);
   const QPalette dark = DarkPalette();
   application.setPalette(dark);

@@ -10,6 +10,12 @@ extern "C" {
 #include <cmath>
 #include <cstring>
 
+#ifdef _WIN32
+#define TARVO_EXPORTED __declspec(dllexport)
+#else
+#define TARVO_EXPORTED __attribute__((visibility("default")))
+#endif
+
 namespace tarvo {
 namespace {
 
@@ -206,7 +212,7 @@ bool Decoding::IsFull() const {
 }  // namespace
 }  // namespace tarvo
 
-extern "C" __attribute__((visibility("default"))) void TarvoDecodeVideo(
+extern "C" TARVO_EXPORTED void TarvoDecodeVideo(
     tarvo::FileTextView film, int width, int height, const std::atomic<bool>& givenUp,
     tarvo::VideoPictures& pictures) {
   av_log_set_level(AV_LOG_QUIET);

@@ -3,10 +3,10 @@
 #include "assistant/PacDialogue.h"
 #include "desktop/FilmVideo.h"
 #include "desktop/HelpKey.h"
+#include "desktop/Host.h"
 #include "desktop/Pictures.h"
 #include "desktop/QtForms.h"
 #include "desktop/QtWindows.h"
-#include "desktop/SdlSound.h"
 #include "desktop/Skin.h"
 #include "platform/HostMachine.h"
 #include "shell/frmMain.h"
@@ -19,13 +19,13 @@ namespace {
 struct Program {
   HostMachine host = OpenHostMachine();
   FoundProgramFolder folder = OpenProgramFolder(*host.files);
-  SdlSound sound{*host.files};
+  std::unique_ptr<Sound> sound = OpenSound(*host.files);
   FilmVideo video{*host.files};
   QtWindows windows;
   QtForms forms;
   HelpKey helpKey{[this] { windows.ShowManual(forms.HelpPage()); }};
   PacDialogue dialogue{app};
-  Application app{{*host.files, *host.settings, *host.registry, sound, video, *host.locale,
+  Application app{{*host.files, *host.settings, *host.registry, *sound, video, *host.locale,
                    *host.clock, windows},
                   forms,
                   dialogue,
@@ -36,6 +36,7 @@ struct Program {
 }  // namespace tarvo
 
 int main(int argc, char** argv) {
+  tarvo::PrepareDesktop();
   QApplication qt(argc, argv);
   QApplication::setApplicationName("Tarvo Packager");
   QApplication::setDesktopFileName("tarvo-packager");

@@ -15,6 +15,9 @@ namespace {
 
 constexpr std::array<TextView, 3> kFoldersOfTheUser = {u"Tarvos", u"ShipTGLs", u"QBMenus"};
 
+/// What belongs to the programs alone, where they lie beside their data.
+constexpr std::array<TextView, 3> kFoldersOfThePrograms = {u"Fonts", u"Licences", u"platforms"};
+
 /// An installed file when its content was last compared with the user's copy.
 struct Entry {
   FileStamp Stamp;
@@ -36,7 +39,10 @@ bool IsPlainName(TextView name) {
 bool IsDataPath(TextView path) {
   const TextView first = path.substr(0, path.find(u'\\'));
   const auto isFirst = [&](TextView folder) { return MatchesPattern(first, folder); };
-  if (first == path || std::ranges::any_of(kFoldersOfTheUser, isFirst)) return false;
+  if (first == path || std::ranges::any_of(kFoldersOfTheUser, isFirst) ||
+      std::ranges::any_of(kFoldersOfThePrograms, isFirst)) {
+    return false;
+  }
   while (true) {
     const std::size_t end = path.find(u'\\');
     if (!IsPlainName(path.substr(0, end))) return false;

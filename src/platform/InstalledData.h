@@ -12,7 +12,8 @@ inline constexpr TextView kInstalledRecord = u".installed";
 
 /// Brings `target`, a folder that exists, up to date with the folders in `source`, where the
 /// program's data was installed. Files that lie in `source` itself are left out, and so are the
-/// folders that belong to the user: Tarvos, ShipTGLs and QBMenus are neither read nor written.
+/// folders that belong to the user: Tarvos, ShipTGLs and QBMenus are neither read nor written. So
+/// are those that lie beside a program which was unpacked: Fonts, Licences and platforms.
 ///
 /// A file that is missing or empty is copied. One that stands as it was put there follows
 /// `source`: it is replaced when `source` has other content, and deleted when `source` has no such

@@ -92,7 +92,8 @@ TEST_F(InstalledDataTest, FollowsTheInstalledFilesAndLeavesTheUsers) {
 }
 
 TEST_F(InstalledDataTest, LeavesTheUsersFoldersAndWhatLiesBesideTheData) {
-  for (const char* name : {"tarvo", "Tarvos/a", "shiptgls/b", "QBMenus/Species.TGL"}) {
+  for (const char* name :
+       {"tarvo", "Tarvos/a", "shiptgls/b", "QBMenus/Species.TGL", "platforms/c"}) {
     Install(name, "installed");
     ASSERT_EQ(Start(), 0u);
     EXPECT_EQ(At(std::string("user/") + name), kNone);
