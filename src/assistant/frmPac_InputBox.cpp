@@ -108,6 +108,7 @@ void frmPac_InputBox::Load() {
   Width = 0;
   Rename(cmdYes, app_.State.PacButtonCaptions[0]);
   Rename(cmdNo, app_.State.PacButtonCaptions[1]);
+  renamed_ = !app_.State.PacButtonCaptions[1].empty();
 }
 
 void frmPac_InputBox::StandOverMain() {
@@ -141,7 +142,7 @@ void frmPac_InputBox::KeepOnScreen() {
 
 void frmPac_InputBox::Wake() {
   for (Button* button : {&cmdOk, &cmdCancel, &cmdYes, &cmdNo, &cmdAll}) button->Enabled = true;
-  if (cmdYes.Visible) cmdYes.SetFocus();
+  if (first_) first_->SetFocus();
 }
 
 void frmPac_InputBox::LayOutQuestion(TextView question, Title title) {
@@ -165,6 +166,10 @@ void frmPac_InputBox::LayOutQuestion(TextView question, Title title) {
     cmdAll.Visible = true;
   }
   ShowWords(question, lblInput.Height);
+  // A key that is hit by mistake is not to delete anything. Between two captions of the caller's
+  // own there is no telling.
+  first_ = renamed_ ? &cmdYes : &cmdNo;
+  if (first_->Enabled) first_->SetFocus();
 }
 
 void frmPac_InputBox::LayOutRequest(TextView request) {

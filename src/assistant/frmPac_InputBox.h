@@ -50,9 +50,11 @@ class frmPac_InputBox : public Form {
   void KeepOnScreen();
 
   Application& app_;
-  float TargetWidth_ = 0;  ///< The width that the dialog opens to.
-  bool hangs_ = false;     ///< Below the assistant's window.
-  int helperGrowth_ = 0;   ///< What that window has grown by.
+  float TargetWidth_ = 0;    ///< The width that the dialog opens to.
+  Button* first_ = nullptr;  ///< What the keyboard is on first; nothing for the text page.
+  bool renamed_ = false;     ///< The buttons of the question have captions of the caller's own.
+  bool hangs_ = false;       ///< Below the assistant's window.
+  int helperGrowth_ = 0;     ///< What that window has grown by.
 };
 
 }  // namespace tarvo

@@ -58,6 +58,12 @@ void ListBox::SetSelected(std::size_t row, bool selected) {
   Changed();
 }
 
+void ListBox::BringIntoSight(std::size_t row) {
+  rows_.at(row);
+  rowToShow_ = row;
+  Changed();
+}
+
 void ListBox::Click(std::size_t row) {
   if (!Usable()) return;
   SetSelected(row, MultiSelect() ? !Selected(row) : true);

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <utility>
 
 #include "controls/Control.h"
 
@@ -38,6 +40,12 @@ class ListBox : public Control {
   /// By program: raises no event.
   void SetSelected(std::size_t row, bool selected);
 
+  /// By program: scrolls no more than it takes to show the row.
+  void BringIntoSight(std::size_t row);
+
+  /// For the view: the row that is still to be brought into sight.
+  std::optional<std::size_t> TakeRowToShow() { return std::exchange(rowToShow_, std::nullopt); }
+
   /// The user clicks a row: it is toggled or chosen, and OnClick raised. Does nothing while the
   /// list is not usable.
   void Click(std::size_t row);
@@ -58,6 +66,7 @@ class ListBox : public Control {
   std::vector<Row> rows_;
   int listIndex_ = -1;
   std::uint64_t rowsVersion_ = 0;
+  std::optional<std::size_t> rowToShow_;
 };
 
 }  // namespace tarvo

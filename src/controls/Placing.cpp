@@ -83,12 +83,12 @@ void TabStrip::Choose(const Button& chosen) const {
 
 void ProgressFrame::Place(TextView heading, int top) const {
   Shown.Visible = false;
-  Shown.Move(900, top, 5100, 1650);
+  Shown.Move(900, top, 5100, 1500);
   Shown.BackColour = palette::kPanel;
   Shown.ForeColour = palette::kOrange;
   tarvo::Place(Heading, heading, 240, 180, 4620);
   Heading.Font = {FontRole::Normal, 9};
-  Inner.Move(240, 540, 4620, 930);
+  Inner.Move(240, 540, 4620, 720);
   Inner.BackColour = palette::kPanel;
   Bar.Move(0, 60, 4620, 270);
   Bar.BackColour = kBlack;

@@ -51,7 +51,20 @@ std::vector<RowPanel::Place> RowPanel::InOrder() const {
 void RowPanel::Click(Place place, bool onCaption) {
   if (!Usable() || !Seen(place)) return;
   const auto& event = onCaption ? OnCaptionClick : OnPictureClick;
+  const int before = Height;
   if (event) event(place);
+  StayInSight(before);
+  if (place.Kind == Family::Menu) BringOpenedIntoSight(place);
+  BringIntoSight(place);
+}
+
+/// The ships below it are those up to the next menu.
+void RowPanel::BringOpenedIntoSight(Place menu) {
+  const std::vector<Place> order = InOrder();
+  auto last = std::find(order.begin(), order.end(), menu);
+  if (last == order.end()) return;
+  while (last + 1 != order.end() && (last + 1)->Kind == Family::Ship) ++last;
+  BringIntoSight(*last);
 }
 
 void RowPanel::Point(std::optional<Place> place) {
@@ -67,6 +80,11 @@ void RowPanel::ScrollBy(int twips) {
   const int room = Parent() ? Parent()->Height : 0;
   const int lowest = std::min({restTop_, room - Height, Top.Get()});
   Top = std::clamp(Top + twips, lowest, std::max(restTop_, lowest));
+}
+
+void RowPanel::StayInSight(int before) {
+  if (!Parent() || Height >= before) return;
+  Top = std::max<int>(Top, std::min<int>(restTop_, Parent()->Height - Height));
 }
 
 void RowPanel::BringIntoSight(Place place) {

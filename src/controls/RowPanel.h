@@ -57,6 +57,9 @@ class RowPanel : public Control {
   /// picture the view draws a bar with a sign.
   Property<std::array<Text, 4>> Pictures{*this, {}};
 
+  /// The colour of a caption as long as the keyboard is on its row; none when transparent.
+  Property<Colour> FocusColour{*this, kTransparent};
+
   const std::vector<Row>& Rows(Family kind) const { return kind == Family::Menu ? menus_ : ships_; }
 
   /// The rows to be changed by program.
@@ -74,8 +77,9 @@ class RowPanel : public Control {
   /// The visible rows from the top of the panel to its bottom.
   std::vector<Place> InOrder() const;
 
-  /// The user clicks a row, on its caption or beside that. Does nothing while the panel is not
-  /// usable, or where no such row is seen.
+  /// The user clicks a row, on its caption or beside that; it is brought into sight, and so are the
+  /// ships of a menu that has opened. Does nothing while the panel is not usable, or where no such
+  /// row is seen.
   void Click(Place place, bool onCaption);
 
   /// The pointer comes onto a row, or onto the free part of the panel.
@@ -88,12 +92,18 @@ class RowPanel : public Control {
   /// Scrolls no more than it takes to show the whole row.
   void BringIntoSight(Place place);
 
+  /// Rows may have gone since the panel had the height `before`: where its bottom stands above that
+  /// of what it is seen through, it is pulled down.
+  void StayInSight(int before);
+
   std::function<void(Place)> OnCaptionClick;
   std::function<void(Place)> OnPictureClick;
   std::function<void(Place)> OnPointer;
   std::function<void()> OnPointerFree;
 
  private:
+  void BringOpenedIntoSight(Place menu);
+
   int restTop_;
   std::vector<Row> menus_;
   std::vector<Row> ships_;

@@ -56,6 +56,9 @@ void ListBoxView::Apply() {
   ApplyCommon();
   if (model_.RowsVersion() != shownRows_) ApplyRows();
   ApplySelection();
+  if (const auto row = model_.TakeRowToShow()) {
+    face_.scrollTo(rows_.index(static_cast<int>(*row)));
+  }
   emptied_ = false;
   face_.viewport()->update();
 }

@@ -26,7 +26,7 @@ FrameView::FrameView(Frame& model, QWidget* parent) : ViewOf(model, new Panel(pa
 
 void FrameView::Apply() {
   QColor outline = ToQt(model_.ForeColour);
-  outline.setAlphaF(model_.ForeColour == kBlack ? 0.F : 0.5F);
+  if (model_.ForeColour == kBlack) outline.setAlpha(0);
   face_.SetColours(ToQt(model_.BackColour), outline);
   ApplyCommon();
 }

@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "controls/Palette.h"
+#include "desktop/LastInput.h"
 #include "desktop/Pictures.h"
 #include "desktop/RowPanelAccess.h"
 #include "desktop/Skin.h"
@@ -77,7 +78,7 @@ RowPanelFace::RowPanelFace(RowPanel& model, QWidget* parent) : QWidget(parent), 
 }
 
 void RowPanelFace::RowsChanged() {
-  Settle();
+  if (Settle() && hasFocus()) model_->BringIntoSight(current_);
   if (hasFocus() && current_ != told_) {
     told_ = current_;
     TellFocusedRow(*this);
@@ -86,16 +87,18 @@ void RowPanelFace::RowsChanged() {
 }
 
 /// Finds the row that the keyboard stands on after rows came, went or moved. A menu keeps the
-/// keyboard while it moves; a ship may have become another one.
-void RowPanelFace::Settle() {
+/// keyboard while it moves; a ship may have become another one. Gives true where there is a row and
+/// it stands elsewhere than before.
+bool RowPanelFace::Settle() {
   const RowPanel::Row* row = model_->Seen(current_);
-  if (row && row->PictureArea.Top == currentTop_) return;
+  if (row && row->PictureArea.Top == currentTop_) return false;
   const std::vector<Place> order = model_->InOrder();
-  if (order.empty()) return;
+  if (order.empty()) return false;
   if (!row || current_.Kind == Family::Ship) {
     current_ = order[static_cast<std::size_t>(Standing(order))];
   }
   currentTop_ = model_->Seen(current_)->PictureArea.Top;
+  return true;
 }
 
 /// The place in `order` of the row that the keyboard stands on, or that lies where it stood.
@@ -137,14 +140,16 @@ QRect RowPanelFace::DrawBar(QPainter& painter, Place place, const RowPanel::Row&
 }
 
 void RowPanelFace::DrawRow(QPainter& painter, Place place, const RowPanel::Row& row) const {
-  const QColor ink = ToQt(row.CaptionColour);
+  const bool focused = hasFocus() && place == current_;
+  const bool byKey = focused && LastInput::WasKey() && model_->FocusColour.Get().Alpha != 0;
+  const QColor ink = ToQt(byKey ? model_->FocusColour.Get() : row.CaptionColour);
   const QRect bar = DrawBar(painter, place, row, ink);
   painter.setFont(font());
   painter.setPen(ink);
   const QRect line = PixelArea(row.CaptionArea);
   painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                    fontMetrics().elidedText(Printable(row.Caption), Qt::ElideRight, line.width()));
-  if (!hasFocus() || place != current_) return;
+  if (!focused) return;
   const QRectF ring = QRectF(bar).adjusted(2, 2, -2, -2);
   painter.setBrush(Qt::NoBrush);
   painter.setPen(QPen(ink, 1.5));
@@ -192,6 +197,7 @@ void RowPanelFace::wheelEvent(QWheelEvent* event) {
 
 void RowPanelFace::keyPressEvent(QKeyEvent* event) {
   if (!model_) return;
+  update();  // With the keyboard's look.
   const std::vector<Place> order = model_->InOrder();
   if (order.empty()) return QWidget::keyPressEvent(event);
   Settle();

@@ -46,7 +46,7 @@ class RowPanelFace : public QWidget {
                 const QColor& ink) const;
   void DrawRow(QPainter& painter, RowPanel::Place place, const RowPanel::Row& row) const;
   void PointAt(std::optional<RowPanel::Place> place);
-  void Settle();
+  bool Settle();
   void WalkTo(const std::vector<RowPanel::Place>& order, std::ptrdiff_t at);
   void StandOn(RowPanel::Place place);
   std::ptrdiff_t Standing(const std::vector<RowPanel::Place>& order) const;

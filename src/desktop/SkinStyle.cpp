@@ -6,6 +6,7 @@
 #include <QPainterPath>
 #include <QStyleOption>
 
+#include "desktop/MessageIcons.h"
 #include "desktop/Skin.h"
 
 namespace tarvo {
@@ -120,12 +121,37 @@ QRect ScrollBarPart(const QStyleOptionSlider& option, QStyle::SubControl part) {
 
 SkinStyle::SkinStyle() : QProxyStyle(QStringLiteral("fusion")) {}
 
+QIcon SkinStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
+                              const QWidget* widget) const {
+  switch (icon) {
+    case SP_MessageBoxInformation:
+      return MessageIcon(MessageSign::Information);
+    case SP_MessageBoxQuestion:
+      return MessageIcon(MessageSign::Question);
+    case SP_MessageBoxWarning:
+      return MessageIcon(MessageSign::Exclamation);
+    case SP_MessageBoxCritical:
+      return MessageIcon(MessageSign::Critical);
+    default:
+      return QProxyStyle::standardIcon(icon, option, widget);
+  }
+}
+
 void DrawPill(QPainter& painter, const QRectF& area, const QColor& fill) {
   const Smooth smooth(painter);
   const qreal radius = std::min(area.width(), area.height()) / 2;
   painter.setPen(Qt::NoPen);
   painter.setBrush(fill);
   painter.drawRoundedRect(area, radius, radius);
+}
+
+void DrawPillRing(QPainter& painter, const QRectF& area, const QColor& ink) {
+  const Smooth smooth(painter);
+  const QRectF ring = area.adjusted(2.5, 2.5, -2.5, -2.5);
+  const qreal radius = std::min(ring.width(), ring.height()) / 2;
+  painter.setPen(QPen(ink, 1.5));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(ring, radius, radius);
 }
 
 void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
@@ -150,6 +176,9 @@ void SkinStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
       else if (option->state & State_MouseOver)
         fill = Mix(fill, Qt::white, 0.3);
       DrawPill(*painter, option->rect, fill);
+      if (option->state & State_HasFocus) {
+        DrawPillRing(*painter, option->rect, option->palette.color(QPalette::ButtonText));
+      }
       return;
     }
     default:

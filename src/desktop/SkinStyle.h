@@ -20,9 +20,14 @@ class SkinStyle : public QProxyStyle {
                   const QWidget* widget) const override;
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* returnData) const override;
+  QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                     const QWidget* widget) const override;
 };
 
 /// A bar with round ends, as all buttons of the skin are.
 void DrawPill(QPainter& painter, const QRectF& area, const QColor& fill);
+
+/// The mark of the focus within such a bar.
+void DrawPillRing(QPainter& painter, const QRectF& area, const QColor& ink);
 
 }  // namespace tarvo

@@ -14,7 +14,6 @@ namespace tarvo {
 namespace {
 
 constexpr int kRowPitch = 360;
-constexpr int kArrowsLowest = 850;  ///< The panel's bottom, when it was pushed up all the way.
 
 using Family = RowPanel::Family;
 using Picture = RowPanel::Picture;
@@ -168,8 +167,6 @@ bool frmGameTools::TakeOutShipRow(int index, const Text& ship) {
     menus[below].MoveBy(-kRowPitch);
   }
   fraQBMenu.Height = fraQBMenu.Height - kRowPitch;
-  // What is left must not stand out of sight.
-  fraQBMenu.Top = std::max<int>(fraQBMenu.Top, kArrowsLowest - fraQBMenu.Height);
   return true;
 }
 

@@ -52,7 +52,8 @@ void frmGameTools::AddSoundEntry() {
     const Text answer = app_.dialogue.PacInput(u"Choose Phaser Sound Type...", Title::Question);
     sound += answer == u"Yes" ? u" Start" : u" Loop";
   }
-  lstSoundInfo.Add(SoundEntry(wave, sound, SoundVolume, app_.machine.locale.DecimalMark()));
+  lstSoundInfo.BringIntoSight(
+      lstSoundInfo.Add(SoundEntry(wave, sound, SoundVolume, app_.machine.locale.DecimalMark())));
   if (isPhaser && app_.State.PacHelper) {
     app_.dialogue.PacMsg(u"OK!!! Adding Phaser Type!", Title::Information);
   }

@@ -23,6 +23,7 @@ constexpr int kVolumeStep = 277;
 struct frmGameTools::Tab {
   Button& Caption;
   Frame& Area;
+  Button& Exit;
   unsigned Sound;
   TextView Status;
   TextView Tip;
@@ -89,6 +90,7 @@ void frmGameTools::LoadSteps() {
 
 void frmGameTools::Unload() {
   // An arrow that is still held would leave its sound behind.
+  scrolled_ = true;
   for (Button* arrow : {&imgButtonU, &imgButtonD, &imgButtonL, &imgButtonR}) arrow->LetGo();
   app_.shell->WorkScreenClosed();
 }
@@ -122,33 +124,35 @@ void frmGameTools::ShowTab(const Tab& tab) {
   for (Frame* area : {&fraShipInfo, &fraSound, &fraMenus, &fraIntegrity}) {
     area->Visible = area == &tab.Area;
   }
+  CancelButton = &tab.Exit;
   Tabs().Choose(tab.Caption);
   Skin.TabChosen();
 }
 
 void frmGameTools::lblShipPlugin_Click() {
-  ShowTab({lblShipPlugin, fraShipInfo, kPlayUnlessBusy, u"Create a New Ship Plugin...",
+  ShowTab({lblShipPlugin, fraShipInfo, lblExit, kPlayUnlessBusy, u"Create a New Ship Plugin...",
            u"Create a New Ship Plugin on this Screen"});
   FillShipList();
 }
 
 void frmGameTools::lblSoundPlugin_Click() {
-  ShowTab({lblSoundPlugin, fraSound, kPlayToEndUnlessBusy, u"Create a New Sound Plugin...",
-           u"Create a New Sound Plugin on this Screen"});
+  ShowTab({lblSoundPlugin, fraSound, lblExit2, kPlayToEndUnlessBusy,
+           u"Create a New Sound Plugin...", u"Create a New Sound Plugin on this Screen"});
   Refresh();
   if (lstWeapons.Count() == 0) FillSoundLists();
   fraSound.Refresh();
 }
 
 void frmGameTools::lblMenus_Click() {
-  ShowTab({lblMenus, fraMenus, kPlayUnlessBusy, u"Manage your Quick Battle menus...",
+  ShowTab({lblMenus, fraMenus, lblExit3, kPlayUnlessBusy, u"Manage your Quick Battle menus...",
            u"Enable, Disable or Delete Ships on this Screen"});
   Refresh();
   RefreshShipLists();
 }
 
 void frmGameTools::lblChecker_Click() {
-  ShowTab({lblChecker, fraIntegrity, kPlayUnlessBusy, u"Check the File Structures of a Ship Mod...",
+  ShowTab({lblChecker, fraIntegrity, lblExit1, kPlayUnlessBusy,
+           u"Check the File Structures of a Ship Mod...",
            u"Choose a Ship to check for wrong references to your Ship's Files!"});
 }
 
@@ -168,12 +172,14 @@ void frmGameTools::Connect() {
 }
 
 /// What the user sets off: the routine begins with no failures noted, and with the tab's own words
-/// in the status line.
+/// in the status line. What it leaves of the tree stays in sight.
 std::function<void()> frmGameTools::Command(void (frmGameTools::*routine)()) {
   return [this, routine] {
     app_.Failures.clear();
     app_.shell->ShowStatus(status_);
+    const int height = fraQBMenu.Height;
     (this->*routine)();
+    fraQBMenu.StayInSight(height);
   };
 }
 
@@ -225,16 +231,19 @@ void frmGameTools::ConnectTree() {
   fraQBMenu.OnPointerFree = [this] { PointAtNoRow(); };
 }
 
+/// An arrow that is let go before the timer's first tick goes one step all the same.
 void frmGameTools::ConnectArrow(Button& arrow, TextView direction, int interval) {
   arrow.OnPress = [this, direction, interval] {
     PlayEffect(app_, u"Scroll.wav", kPlayLoop);
     ScrollDirection = Text(direction);
+    scrolled_ = false;
     Scroll_Timer.Interval = interval;
     Scroll_Timer.Enabled = true;
   };
   arrow.OnRelease = [this] {
-    PlayEffect(app_, u"BackgroundBeep.wav", kPlay);
     Scroll_Timer.Enabled = false;
+    if (!scrolled_) Scroll();
+    PlayEffect(app_, u"BackgroundBeep.wav", kPlay);
   };
 }
 
@@ -242,6 +251,7 @@ void frmGameTools::ConnectArrow(Button& arrow, TextView direction, int interval)
 
 void frmGameTools::Scroll() {
   constexpr int kPanelHighest = 850;  ///< Of its bottom, pushed up all the way.
+  scrolled_ = true;
   if (ScrollDirection == u"Up") {
     if (fraQBMenu.Top >= 120) return StopAtLimit();
     fraQBMenu.Top = std::min(120, fraQBMenu.Top + 60);

@@ -319,7 +319,8 @@ class frmGameTools : public Form {
   void PointAtRow(RowPanel::Place place);
   void PointAtNoRow();
 
-  Text status_;  ///< The status line of the open tab.
+  Text status_;            ///< The status line of the open tab.
+  bool scrolled_ = false;  ///< The arrow that is held has moved something.
 };
 
 }  // namespace tarvo

@@ -183,7 +183,7 @@ void frmGameTools::LayOutVolume() {
 /// ships between the two.
 void frmGameTools::LayOutMenus() {
   AddHeading(fraMenus, imgLabel[3], u"Quick Battle Menus", 150, 90, 2310);
-  fraTree.Move(150, 330, 2310, 3405);
+  fraTree.Move(150, 375, 2310, 3405);
   fraQBMenu.AccessibleName = u"Quick Battle menus";
   Frame1.Move(825, kBottomRow, 960, kArrowSize);
   PlaceArrow(imgButtonU, Button::Arrow::Up, u"Scroll the menus up", 0);

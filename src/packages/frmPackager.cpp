@@ -105,6 +105,7 @@ void frmPackager::Connect() {
   lblRemove.OnClick = [this] { RemoveFiles(); };
   lblSave.OnClick = [this] { MakePackage(); };
   lblTest.OnClick = [this] { InstallPackage(); };
+  CancelButton = &lblExit;
   lblExit.OnClick = [this, click] {
     click();
     app_.screens.Close(*this);
@@ -138,12 +139,14 @@ Text frmPackager::EntryOf(const Text& fileName) const {
 
 void frmPackager::AddFiles() {
   PlayEffect(app_, u"CommandBeep.wav", kPlay);
+  const std::size_t before = lstFile.Count();
   for (std::size_t row = 0; row < lstFileSelect.Count(); ++row) {
     if (!lstFileSelect.Selected(row)) continue;
     const Text& name = lstFileSelect.Item(row);
     PackageList += EntryOf(name) + u"\r\n";
     lstFile.Add(name);
   }
+  if (lstFile.Count() > before) lstFile.BringIntoSight(lstFile.Count() - 1);
   lstFile.Refresh();
   lstFileSelect.Reload();
 }

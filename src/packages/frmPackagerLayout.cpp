@@ -15,7 +15,7 @@ void frmPackager::LayOut() {
   LayOutLists();
   LayOutCommands();
   ProgressFrame{fraProgress, Label15, fraUpdateProgress, TarvoProgress, lblFile}.Place(
-      u"Scanning...", 1500);
+      u"Scanning...", 1575);
 }
 
 /// Three columns: the folders, the files of the folder at hand, the files of the package.

@@ -53,13 +53,13 @@ void frmOptions::LayOut() {
   imgPicture.Picture = u":/icon/256.png";
   imgPicture.Move(593, 323, 1920, 1920);
   imgBorder.Move(0, 120, 6900, 120);
-  PlaceHeading(Label1, imgLongLabel, u"Current Selected Folder for Modifications", 3390, 390, 3450);
-  Brackets{imgBoxL, imgBoxR}.Place(3195, 6900, 330, 3165);
+  PlaceHeading(Label1, imgLongLabel, u"Current Selected Folder for Modifications", 3300, 390, 3450);
+  Brackets{imgBoxL, imgBoxR}.Place(3150, 6900, 330, 3165);
   imgCommandBorder[0].Move(4950, 4148, 1950, 450);
   imgCommandBorder[1].Move(4950, 4598, 1950, 450);
   MediaPlayer1.Move(0, 720, 3105, 2565);
-  Place(lstDir, u"Folders", 3390, 720, 3360, 1980);
-  Place(lstDrive, u"Drive", 3390, 2760, 3360);
+  Place(lstDir, u"Folders", 3300, 720, 3450, 1980);
+  Place(lstDrive, u"Drive", 3300, 2760, 3450);
   Place(lblHolds, {}, 3390, 3165, 3360);
   Place(lblFolder, {}, 3390, 3420, 3360);
   lblFolder.Height = 780;
@@ -119,6 +119,7 @@ void frmOptions::Connect() {
   lstDir.OnClick = [this] { ShowFolder(); };
   for (CheckBox* box : {&chkPacHelper, &chkSoundFX, &chkVideoFX}) box->OnClick = click;
   lblSave.OnClick = [this] { Save(); };
+  CancelButton = &lblExit;
   lblExit.OnClick = [this, click] {
     click();
     app_.screens.Close(*this);

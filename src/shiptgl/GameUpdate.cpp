@@ -8,6 +8,7 @@
 #include "state/Shell.h"
 #include "text/Cleaning.h"
 #include "text/CodePage.h"
+#include "text/Utf8.h"
 
 namespace tarvo {
 namespace {
@@ -23,6 +24,7 @@ Text ShipOf(const Text& fileName) {
 void frmTGLTools::UpdateShipTGLs() {
   BeginCommand();
   UnpatchedPlugins.clear();
+  std::vector<Text> merged;
   std::int64_t selected = 0;
   for (std::size_t row = 0; row < File2.Count(); ++row) selected += File2.Selected(row);
   fraProgress.Visible = true;
@@ -34,15 +36,24 @@ void frmTGLTools::UpdateShipTGLs() {
     lblFile.Caption = app_.ProgramFolder + u"\\ShipTGLs\\" + File2.Item(row);
     fraUpdateProgress.Refresh();
     const Text ship = ShipOf(File2.Item(row));
-    UpdateGameTGL(app_, ship);
+    if (UpdateGameTGL(app_, ship)) merged.push_back(File2.Item(row));
     PatchPlugin(ship);
     ProgressBar.SetValue(ProgressBar.Value() + 1);
   }
   PlayEffect(app_, u"BackgroundBeep.wav", kPlay);
   fraProgress.Visible = false;
-  if (app_.Failures.empty() && !UnpatchedPlugins.empty()) {
-    app_.shell->ShowStatus(UnpatchedPlugins.front() + u" keeps its own description.");
+  if (app_.Failures.empty() && !merged.empty()) ShowMerged(merged);
+}
+
+/// No message closes the run: the status line tells how it went.
+void frmTGLTools::ShowMerged(const std::vector<Text>& definitions) {
+  Text line = definitions.size() == 1 ? definitions.front() + u" is in the game now"
+                                      : TextFromUtf8(std::to_string(definitions.size())) +
+                                            u" Ship TGLs are in the game now";
+  if (!UnpatchedPlugins.empty()) {
+    line += u", but " + UnpatchedPlugins.front() + u" keeps its own description";
   }
+  app_.shell->ShowStatus(line + u".");
 }
 
 /// A plug-in that another tool made, or that is gone, stays as it is.

@@ -127,6 +127,7 @@ void frmTGLTools::Open(const Tab& tab) {
   Tabs().Choose(tab.Caption);
   Skin.TabChosen();
   for (Frame* frame : {&fraShipTGL, &fraGameTGL}) frame->Visible = frame == &tab.Shown;
+  CancelButton = fraGameTGL.Visible ? &lblExit1 : &lblExit;
   MediaPlayer1.Visible = fraGameTGL.Visible;
 }
 

@@ -131,6 +131,7 @@ class frmTGLTools : public Form {
   void PickDefinition();
   void BeginCommand();
   void PatchPlugin(const Text& ship);
+  void ShowMerged(const std::vector<Text>& definitions);
   void Select(bool selected);
   ShipTexts TextsOfFields() const;
 

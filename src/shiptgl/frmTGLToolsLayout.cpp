@@ -29,7 +29,7 @@ void frmTGLTools::LayOut() {
   LayOutCommands();
   LayOutGame();
   ProgressFrame{fraProgress, Label15, fraUpdateProgress, ProgressBar, lblFile}.Place(
-      u"Updating TGL", 1800);
+      u"Updating TGL", 1875);
 }
 
 /// The definitions on the left, the texts of one of them on the right.

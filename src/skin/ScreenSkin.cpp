@@ -57,6 +57,7 @@ void ScreenSkin::Load() {
   std::transform(kTreePictures.begin(), kTreePictures.end(), rows.begin(),
                  [this](TextView file) { return PathOf(file); });
   tree_->Pictures = rows;
+  tree_->FocusColour = FamilyOf(u"imgQBMenu").Family->LabelOver;
 }
 
 void ScreenSkin::TabChosen() {

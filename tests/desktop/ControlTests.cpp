@@ -59,6 +59,45 @@ TEST_F(Controls, ASwitchedOffFormTakesNoInputAndThenGoesOnWhereItWas) {
   EXPECT_EQ(focused->accessibleName(), "Stop the work");
 }
 
+TEST_F(Controls, AListScrollsToTheRowThatItIsToShow) {
+  WorkForm& form = ShowWork();
+  for (int i = 0; i < 40; ++i) form.single.Add(u"more");
+  Turn(40);
+  auto* list =
+      qobject_cast<QListView*>(QApplication::widgetAt(Middle(form.single))->parentWidget());
+  ASSERT_TRUE(list);
+  EXPECT_EQ(list->verticalScrollBar()->value(), 0) << "rows alone scroll nothing";
+  form.single.BringIntoSight(form.single.Add(u"last"));
+  Turn(40);
+  EXPECT_EQ(list->verticalScrollBar()->value(), list->verticalScrollBar()->maximum());
+  list->verticalScrollBar()->setValue(0);
+  form.single.Add(u"behind it");
+  Turn(40);
+  EXPECT_EQ(list->verticalScrollBar()->value(), 0) << "once is enough";
+}
+
+TEST_F(Controls, EscapeGoesToADropDownThatIsOpenBeforeTheForm) {
+  WorkForm& form = ShowWork();
+  int left = 0;
+  form.stop.OnClick = [&] { ++left; };
+  form.CancelButton = &form.stop;
+  form.types.SetFocus();
+  Turn(30);
+  Key("alt+Down");
+  ASSERT_TRUE(Until([&] { return QApplication::activePopupWidget(); }));
+  Key("Escape");
+  ASSERT_TRUE(Until([&] { return !QApplication::activePopupWidget(); }));
+  EXPECT_EQ(left, 0);
+  int expected = 0;
+  for (Control* control : std::initializer_list<Control*>{&form.types, &form.line, &form.folders,
+                                                          &form.found, &form.tick, &form.go}) {
+    control->SetFocus();
+    Turn(30);
+    Key("Escape");
+    EXPECT_EQ(left, ++expected);
+  }
+}
+
 TEST_F(Controls, ToggleListsToggle) {
   WorkForm& form = ShowWork();
   int clicks = 0;

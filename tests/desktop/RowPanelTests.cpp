@@ -228,6 +228,32 @@ TEST_F(Panels, RowsShowTheirStates) {
   EXPECT_LT(at().lightness(), 120) << "a white caption has a dark ground";
 }
 
+TEST_F(Panels, TheKeyboardLightsItsRowAndThePointerDoesNot) {
+  PanelForm& form = Show();
+  form.panel.FocusColour = kWhite;
+  form.panel.SetFocus();
+  const auto light = [&] { return Pixel(At(form.panel, 2100, 120)).lightness(); };
+  Key("Down");
+  Turn(40);
+  const int atRest = light();
+  Key("Up");
+  EXPECT_TRUE(Until([&] { return light() < atRest - 20; })) << "darker, under a white caption";
+  Hands(ClickAt(At(form.panel, 600, 120)));
+  EXPECT_TRUE(Until([&] { return light() == atRest; }));
+}
+
+TEST_F(Panels, TheRowOfTheKeyboardStaysInSightWhenRowsGo) {
+  PanelForm& form = Show();
+  for (int i = 0; i < 30; ++i) form.Add(kShip, u"ship");
+  form.panel.SetFocus();
+  Turn(60);
+  Key("End");
+  form.panel.Edit(kShip).resize(12);
+  Turn(60);
+  const RowPanel::Row& last = form.panel.Rows(kShip).back();
+  EXPECT_GE(form.panel.Top + last.PictureArea.Top, 0);
+}
+
 TEST_F(Panels, AnArrowIsHeldByMouseAndKeys) {
   PanelForm& form = Show();
   const QPoint at = Middle(form.arrow);

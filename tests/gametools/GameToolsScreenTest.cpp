@@ -92,6 +92,7 @@ TEST_F(GameToolsScreen, EveryExitLeavesItAndTheNextOneStartsAfresh) {
     screen.txtAuthor.SetText(u"left over");
     (screen.*tabs[i]).Press();
     machine.sound.Orders.clear();
+    EXPECT_EQ(screen.CancelButton.Get(), &(screen.*exits[i]));
     (screen.*exits[i]).Press();
     EXPECT_EQ(TakeSounds(), (Sounds{{u"Click.wav", kPlayUnlessBusy}}));
     EXPECT_FALSE(machine.app.screens.Find<frmGameTools>());
@@ -133,6 +134,8 @@ TEST_F(GameToolsScreen, AnArrowRunsTheTimerAsLongAsItIsHeld) {
   for (const auto& item : cases) {
     item.tab.Press();
     machine.sound.Orders.clear();
+    screen.fraQBMenu.Top = 0;
+    screen.SoundVolume = 50;
     item.arrow.Hold();
     EXPECT_EQ(TakeSounds(), (Sounds{{u"Scroll.wav", kPlayLoop}}));
     EXPECT_EQ(screen.ScrollDirection, item.direction);
@@ -143,10 +146,26 @@ TEST_F(GameToolsScreen, AnArrowRunsTheTimerAsLongAsItIsHeld) {
     EXPECT_EQ(TakeSounds(), (Sounds{{u"BackgroundBeep.wav", kPlay}}));
     EXPECT_FALSE(screen.Scroll_Timer.Enabled);
   }
+  screen.SoundVolume = 100;
   screen.imgButtonR.Hold();
   machine.sound.Orders.clear();
   machine.app.screens.Close(screen);
   EXPECT_EQ(TakeSounds(), (Sounds{{u"BackgroundBeep.wav", kPlay}})) << "the loop ends with it";
+}
+
+TEST_F(GameToolsScreen, ATapOfAnArrowGoesOneStepAndALongerPressNoneMore) {
+  frmGameTools& screen = Open();
+  Unroll(screen);
+  screen.lblSoundPlugin.Press();
+  for (const int volume : {90, 80}) {
+    screen.imgButtonL.Hold();
+    screen.imgButtonL.LetGo();
+    EXPECT_EQ(screen.SoundVolume, volume);
+  }
+  screen.imgButtonL.Hold();
+  screen.Scroll_Timer.Tick();
+  screen.imgButtonL.LetGo();
+  EXPECT_EQ(screen.SoundVolume, 70);
 }
 
 TEST_F(GameToolsScreen, TheVolumeGoesInTenthsAndTheMeterCoversTheRest) {

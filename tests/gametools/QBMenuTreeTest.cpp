@@ -311,13 +311,35 @@ TEST_F(QBMenuTree, ArrowsMoveThePanelBetweenItsLimits) {
   }
 }
 
-TEST_F(QBMenuTree, WhatIsLeftStaysInSightWhenMenusClose) {
+TEST_F(QBMenuTree, WhatIsLeftStaysInSightWhenRowsGo) {
   frmGameTools& screen = Open();
-  for (char16_t name = u'a'; name < u'z'; ++name) AddShip(screen, Text(1, name), u"Fed Ships");
-  screen.lblQBMenu_Click(kFed);
-  screen.fraQBMenu.Top = -9000;
-  screen.CloseOpenMenus();
-  EXPECT_EQ(screen.fraQBMenu.Top + screen.fraQBMenu.Height, 850);
+  screen.lblMenus.Press();
+  for (char16_t name = u'a'; name < u'z'; ++name) AddShip(screen, Text(1, name), u"Bases");
+  const auto bottom = [&] { return screen.fraQBMenu.Top + screen.fraQBMenu.Height; };
+  screen.lblQBMenu_Click(kBases);
+  screen.fraQBMenu.Top = screen.fraTree.Height - screen.fraQBMenu.Height;
+  screen.lblQBShip_Click(1);
+  screen.lblDisable.Press();
+  EXPECT_EQ(bottom(), screen.fraTree.Height) << "one ship less";
+  screen.fraQBMenu.Click({RowPanel::Family::Menu, kBases}, true);
+  EXPECT_EQ(screen.fraQBMenu.Top, 120) << "all menus fit";
+}
+
+TEST_F(QBMenuTree, AMenuThatOpensBringsItsShipsIntoSight) {
+  frmGameTools& screen = Open();
+  screen.lblMenus.Press();
+  for (const TextView name : {u"a", u"b", u"c"}) AddShip(screen, Text(name), u"Bases");
+  const auto edges = [&](const RowPanel::Row& row) {
+    const int top = screen.fraQBMenu.Top + row.PictureArea.Top;
+    return std::pair(top, top + row.PictureArea.Height);
+  };
+  const RowPanel::Place bases{RowPanel::Family::Menu, kBases};
+  screen.fraQBMenu.Click(bases, true);
+  EXPECT_EQ(edges(Ship(screen, 3)).second, screen.fraTree.Height);
+  screen.fraQBMenu.Click(bases, true);
+  for (char16_t name = u'd'; name < u'z'; ++name) AddShip(screen, Text(1, name), u"Bases");
+  screen.fraQBMenu.Click(bases, true);
+  EXPECT_EQ(edges(Menu(screen, kBases)).first, 0) << "the menu itself stays to be seen";
 }
 
 TEST_F(QBMenuTree, ARowIsLitUntilThePointerCrossesTheFreePart) {

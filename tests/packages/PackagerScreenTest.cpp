@@ -85,7 +85,9 @@ TEST_F(PackagerScreen, EntriesHaveOneLeadingBackslashHoweverTheGameIsStored) {
     EXPECT_EQ(screen.PackageList, u"\\stbc.exe\r\n\\scripts\\ships\\b.py\r\n\\ShipTGLs\\A.TGL\r\n");
     EXPECT_EQ(screen.lstFile.Count(), 3u);
     EXPECT_EQ(screen.lstFile.Item(1), u"b.py");
-    screen.lblExit.Press();
+    EXPECT_EQ(screen.lstFile.TakeRowToShow(), 2u);
+    screen.CancelButton.Get()->Press();
+    EXPECT_FALSE(machine.app.screens.Find<frmPackager>());
     machine.Turn();
   }
 }

@@ -34,6 +34,31 @@ TEST_F(Dialog, QuestionTakesThePlaceOfTheTextPage) {
   EXPECT_EQ(dialog.CancelButton.Get(), &dialog.cmdNo);
 }
 
+/// Remembers the control that has the keyboard.
+struct FocusWatch : ControlObserver {
+  void ControlChanged(Control&) override {}
+  void ControlRefreshed(Control&) override {}
+  void ControlFocused(Control& control) override { focused = &control; }
+  const Control* focused = nullptr;
+};
+
+TEST_F(Dialog, ABlindEnterAnswersNo) {
+  for (const bool renamed : {false, true}) {
+    if (renamed) machine.dialogue.PacSetButtons(u"Start", u"Loop");
+    frmPac_InputBox& dialog = Open();
+    FocusWatch watch;
+    for (Button* button : {&dialog.cmdYes, &dialog.cmdNo, &dialog.cmdAll}) button->Observe(&watch);
+    dialog.LayOutQuestion(u"Delete it?", Title::Warning);
+    const Control* const first = renamed ? &dialog.cmdYes : &dialog.cmdNo;
+    EXPECT_EQ(watch.focused, first);
+    watch.focused = nullptr;
+    dialog.Wake();
+    EXPECT_EQ(watch.focused, first) << "the assistant has come to the question";
+    machine.app.screens.Close(dialog);
+    machine.Turn();
+  }
+}
+
 TEST_F(Dialog, GivesTheAnswersOfItsButtons) {
   for (const TextView answer : {u"Yes", u"No", u"All"}) {
     machine.answers = {Text(answer)};

@@ -95,7 +95,8 @@ TEST_F(Options, AForeignGamePathLeavesTheListsAtTheRoot) {
     EXPECT_EQ(screen.lstDrive.Drive(), drive);
     EXPECT_EQ(screen.lstDir.ListedFolder(), drive + u"\\");
     EXPECT_GT(screen.lstDir.Rows().size(), 1u);
-    screen.lblExit.Press();
+    screen.CancelButton.Get()->Press();
+    EXPECT_FALSE(machine.app.screens.Find<frmOptions>());
     machine.Turn();
   }
 }

@@ -55,7 +55,7 @@ TEST_F(TGLTools, ShowsItsVideoBesideTheListOfTheFourthTab) {
   EXPECT_LT(screen->File2.Left + screen->File2.Width, player.Left);
   EXPECT_FALSE(screen->fraShipTGL.Visible);
 
-  screen->lblExit1.Press();
+  screen->CancelButton.Get()->Press();
   machine.Turn();
   machine.app.State.VideoFX = false;
   screen = &machine.app.Screen<frmTGLTools>();
@@ -73,7 +73,7 @@ TEST_F(TGLTools, OpensOnTheNewTabAndUnrolls) {
   for (; screen->Load_Timer.Enabled; ++ticks) screen->Load_Timer.Tick();
   EXPECT_EQ(ticks, 35);
   EXPECT_EQ(screen->Height, 5065);
-  screen->lblExit.Press();
+  screen->CancelButton.Get()->Press();
   EXPECT_EQ(Status(), u"Standing By...");
 }
 
@@ -219,6 +219,20 @@ TEST_F(TGLTools, MergeTakesTheSelectedDefinitionsAndPatchesTheirPlugins) {
   // The beep, the question, the click that answers it, the loop, and its end.
   EXPECT_EQ(flags, (std::vector<unsigned>{kPlayToEnd, kPlayUnlessBusy, kPlayUnlessBusy, kPlayLoop,
                                           kPlay}));
+  EXPECT_NE(Status().find(u"Bad.TGL"), Text::npos) << "what went wrong comes first";
+
+  const auto update = [&](TextView definition) {
+    for (std::size_t row = 0; row < screen->File2.Count(); ++row) {
+      screen->File2.SetSelected(
+          row, screen->File2.Item(row) != u"Bad.TGL" && screen->File2.Item(row) <= definition);
+    }
+    screen->lblUpdateGame.Press();
+    return Status();
+  };
+  EXPECT_EQ(update(u"Lost.TGL"), u"Lost.TGL is in the game now.");
+  EXPECT_EQ(update(u"Nord.TGL"),
+            u"2 Ship TGLs are in the game now, but Nord.py keeps its own description.");
+  EXPECT_EQ(update(u""), u"Update the Game's TGL Information...");
 }
 
 }  // namespace
