@@ -4,10 +4,9 @@
 #include <chrono>
 #include <filesystem>
 
-#include "platform/HostMachine.h"
+#include "platform/FilesFixture.h"
 #include "platform/PlatformError.h"
 #include "support/CodeOf.h"
-#include "support/TemporaryFolder.h"
 #include "text/LetterCase.h"
 
 // What the doors to files promise on every system.
@@ -17,12 +16,7 @@ namespace {
 
 using Names = std::vector<Text>;
 
-class FilesTest : public testing::Test {
- protected:
-  TemporaryFolder folder;
-  std::unique_ptr<Files> disk = OpenFiles("");
-  Files& files = *disk;
-};
+class FilesTest : public FilesFixture {};
 
 TEST_F(FilesTest, TellsFilesFromFolders) {
   folder.Put("file", "12345");

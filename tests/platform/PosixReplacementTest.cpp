@@ -9,31 +9,21 @@
 #include <csignal>
 #include <filesystem>
 
-#include "platform/posix/PosixFiles.h"
+#include "platform/FilesFixture.h"
 #include "support/CodeOf.h"
-#include "support/TemporaryFolder.h"
 
 namespace tarvo::test {
 namespace {
 
 namespace fs = std::filesystem;
 
-class PosixReplacementTest : public testing::Test {
+class PosixReplacementTest : public FilesFixture {
  protected:
-  void Write(TextView name, FileTextView bytes) {
-    const auto file = files.Replace(folder.Game(name));
-    file->Write(bytes);
-    file->Commit();
-  }
-
   struct stat StateOf(std::string_view name) {
     struct stat state {};
     EXPECT_EQ(lstat(folder.Host(name).c_str(), &state), 0);
     return state;
   }
-
-  TemporaryFolder folder;
-  PosixFiles files{""};
 };
 
 TEST_F(PosixReplacementTest, GivesModes) {

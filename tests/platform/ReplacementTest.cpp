@@ -2,25 +2,13 @@
 
 #include <filesystem>
 
-#include "platform/HostMachine.h"
+#include "platform/FilesFixture.h"
 #include "support/CodeOf.h"
-#include "support/TemporaryFolder.h"
 
 namespace tarvo::test {
 namespace {
 
-class ReplacementTest : public testing::Test {
- protected:
-  void Write(TextView name, FileTextView bytes) {
-    const auto file = files.Replace(folder.Game(name));
-    file->Write(bytes);
-    file->Commit();
-  }
-
-  TemporaryFolder folder;
-  std::unique_ptr<Files> disk = OpenFiles("");
-  Files& files = *disk;
-};
+class ReplacementTest : public FilesFixture {};
 
 TEST_F(ReplacementTest, WritesPiecesOfAllSizes) {
   std::string expected;

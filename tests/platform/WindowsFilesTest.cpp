@@ -4,12 +4,11 @@
 #include <filesystem>
 #include <thread>
 
-#include "platform/HostMachine.h"
+#include "platform/FilesFixture.h"
 #include "platform/windows/HostPaths.h"
 #include "platform/windows/Wide.h"
 #include "support/Child.h"
 #include "support/CodeOf.h"
-#include "support/TemporaryFolder.h"
 #include "text/Utf8.h"
 
 namespace tarvo::test {
@@ -30,18 +29,7 @@ const KnownChildPart kHolding("Holding", [](const std::string& argument) {
   return file == INVALID_HANDLE_VALUE ? 1 : 0;
 });
 
-class WindowsFilesTest : public testing::Test {
- protected:
-  void Write(TextView name, FileTextView bytes) {
-    const auto file = files.Replace(folder.Game(name));
-    file->Write(bytes);
-    file->Commit();
-  }
-
-  TemporaryFolder folder;
-  std::unique_ptr<Files> disk = OpenFiles("");
-  Files& files = *disk;
-};
+class WindowsFilesTest : public FilesFixture {};
 
 TEST(WindowsPaths, AreMadeWhole) {
   const struct {
