@@ -9,6 +9,7 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
+#include <QTemporaryDir>
 #include <array>
 #include <cstdio>
 #include <string>
@@ -257,8 +258,10 @@ int main(int count, char** arguments) {
   }
   Nowhere nowhere;
   PosixFiles files("");
+  // The start makes its folders in the program folder.
+  const QTemporaryDir program;
   Application app({files, nowhere, nowhere, nowhere, nowhere, nowhere, nowhere, nowhere}, nowhere,
-                  nowhere, u"Z:\\");
+                  nowhere, GamePathOf(program.path().toStdString()));
   try {
     app.Screen<frmMain>();
     if (rows) {
