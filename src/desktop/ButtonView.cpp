@@ -133,11 +133,8 @@ void PillButton::DrawRing(QPainter& painter, Ground ground) const {
   const qreal inset = around ? 0.75 : 2.5;
   const QRectF ring = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
   const qreal roundEnds = std::min(ring.width(), ring.height()) / 2;
-  const bool roundPicture = around && glyph_ != Button::Arrow::None;
-  const qreal radius = roundPicture    ? roundEnds
-                       : around        ? 5
-                       : rounding_ > 0 ? rounding_
-                                       : roundEnds;
+  const bool isRound = around ? glyph_ != Button::Arrow::None : rounding_ <= 0;
+  const qreal radius = isRound ? roundEnds : around ? 5 : rounding_;
   painter.setBrush(Qt::NoBrush);
   const bool onBlack = around && focused_.caption.alpha() != 0;
   painter.setPen(QPen(onBlack ? focused_.caption : Shown().caption, 1.5));

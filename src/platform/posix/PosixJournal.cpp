@@ -78,7 +78,7 @@ std::optional<std::vector<std::string>> NamesInHostFolder(const std::string& fol
     return isGone ? std::optional(names) : std::nullopt;
   }
   const std::unique_ptr<DIR, int (*)(DIR*)> stream(opendir(folder.c_str()), closedir);
-  if (!stream) return names;
+  if (!stream) return std::nullopt;
   while (const dirent* entry = readdir(stream.get())) names.emplace_back(entry->d_name);
   return names;
 }
