@@ -4,8 +4,11 @@ namespace tarvo {
 
 frmGameTools& OpenGameTools(Session& session, bool needsMenus) {
   Application& app = session.app;
+  const std::size_t before = app.Failures.size();
   auto& screen = app.Screen<frmGameTools>();
-  if (!needsMenus) app.Failures.clear();
+  if (!needsMenus)
+    app.Failures.erase(app.Failures.begin() + static_cast<std::ptrdiff_t>(before),
+                       app.Failures.end());
   // The load ends before it sets this where the game lacks a folder.
   app.State.CurrentScreen = u"Game Tools";
   return screen;

@@ -40,23 +40,23 @@ int RunAddMenu(Session& session, const std::string& typed) {
   if (!session.RequireGame()) return session.Finish(false);
   session.PrepareProgramFolder();
   session.dialogue.TypeNext(TextFromUtf8(typed));
-  OpenGameTools(session).AddQBMenu();
+  session.Changing([&] { OpenGameTools(session).AddQBMenu(); });
   return FinishWithMessages(session);
 }
 
 int RunDeleteMenu(Session& session, const std::string& typed) {
   if (!session.RequireGame()) return session.Finish(false);
   session.PrepareProgramFolder();
-  frmGameTools& screen = OpenGameTools(session);
-  const std::vector<Text> names = MenuNames(screen);
-  const Text name = TextFromUtf8(typed);
-  const auto found = std::find(names.begin(), names.end(), name);
-  if (found == names.end()) {
-    session.Complain(u"There is no Quick Battle menu " + name);
-    return session.Finish(false);
-  }
-  screen.SelectedMenu = static_cast<std::int16_t>(found - names.begin());
-  screen.DeleteQBMenu();
+  session.Changing([&] {
+    frmGameTools& screen = OpenGameTools(session, true);
+    if (!session.app.Failures.empty()) return;
+    const std::vector<Text> names = MenuNames(screen);
+    const Text name = TextFromUtf8(typed);
+    const auto found = std::ranges::find(names, name);
+    if (found == names.end()) return session.Complain(u"There is no Quick Battle menu " + name);
+    screen.SelectedMenu = static_cast<std::int16_t>(found - names.begin());
+    screen.DeleteQBMenu();
+  });
   return FinishWithMessages(session);
 }
 

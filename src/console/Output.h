@@ -23,7 +23,8 @@ class Output {
   Output(std::ostream& results, std::ostream& words, bool json, bool quiet)
       : results_(results), words_(words), json_(json), quiet_(quiet) {}
 
-  /// The result of a command: `lines`, one a line, or with --json `value`.
+  /// The result of a command: `lines`, one a line, or with --json `value`. Control characters are
+  /// shown as "\xHH" here and below, so that a name can't give orders to the terminal.
   void Result(const std::vector<Text>& lines, const nlohmann::json& value);
 
   /// "Warning: …". A message of several lines keeps its line breaks.

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "console/Commands.h"
 #include "packages/PackageCheck.h"
 #include "packages/PackageFormat.h"
@@ -15,7 +17,12 @@ Text PackagePath(const Session& session, const Text& name) {
 
 /// False, and said, when there is no package of that name.
 bool RequirePackage(Session& session, const Text& name) {
-  if (session.app.machine.files.FileExists(PackagePath(session, name))) return true;
+  bool stands = false;
+  const auto look = [&] {
+    stands = session.app.machine.files.FileExists(PackagePath(session, name));
+  };
+  if (!NotingFailures(session.app, look)) return false;
+  if (stands) return true;
   session.dialogue.PacMsg(u"That is not a Valid Tarvo File Name!!!", Title::Critical);
   return false;
 }
@@ -31,7 +38,13 @@ Text AsEntry(Text typed) {
   return u"\\" + typed.substr(first, last - first + 1);
 }
 
-/// Gathers the entries of a `pack` command.
+/// True when one folder is the other, or lies in it. Both are real paths.
+bool IsIn(const Text& folder, const Text& outer) {
+  return folder == outer || folder.starts_with(outer.ends_with(u'\\') ? outer : outer + u"\\");
+}
+
+/// Gathers the entries of a `pack` command. Throws PlatformError for what can't be listed or isn't
+/// there.
 class EntryCollector {
  public:
   explicit EntryCollector(Session& session)
@@ -40,12 +53,15 @@ class EntryCollector {
   void Add(const Text& typed) {
     const Text entry = AsEntry(typed);
     const Application& app = session_.app;
+    const Text& root = IsTGLEntry(entry) ? app.ProgramFolder : app.State.GamePath;
     if (files_.FolderExists(JoinPath(app.State.GamePath, entry))) {
       AddFolder(app.State.GamePath, entry, false);
     } else if (files_.FolderExists(JoinPath(app.ProgramFolder, entry))) {
       AddFolder(app.ProgramFolder, entry, true);
-    } else {
+    } else if (files_.FileExists(JoinPath(root, entry))) {
       entries.push_back(entry);
+    } else {
+      throw PlatformError(u"read", JoinPath(root, entry), kNoSuchFile);
     }
   }
 
@@ -55,22 +71,29 @@ class EntryCollector {
   /// A folder of one root can only give the files whose entries lead back to that root.
   void AddFolder(const Text& root, const Text& folder, bool tgl) {
     const Text path = JoinPath(root, folder);
+    const Text real = files_.RealPath(path);
+    const auto leadsBack = [&](const Text& outer) { return IsIn(outer, real); };
+    if (std::ranges::any_of(open_, leadsBack)) {
+      session_.output.Say(folder + u": left out, since it leads back to where it lies");
+      return;
+    }
+    open_.push_back(real);
     const Text prefix = folder == u"\\" ? folder : folder + u"\\";
-    NotingFailures(session_.app, [&] {
-      for (const Text& name : files_.FileNames(path)) {
-        if (IsTGLEntry(name) == tgl) {
-          entries.push_back(prefix + name);
-        } else {
-          session_.Complain(prefix + name + u": left out, since files that end in \"TGL\" come " +
-                            u"from the program folder and all others from the game's");
-        }
+    for (const Text& name : files_.FileNames(path)) {
+      if (IsTGLEntry(name) == tgl) {
+        entries.push_back(prefix + name);
+      } else {
+        session_.Complain(prefix + name + u": left out, since files that end in \"TGL\" come " +
+                          u"from the program folder and all others from the game's");
       }
-      for (const Text& name : files_.FolderNames(path)) AddFolder(root, prefix + name, tgl);
-    });
+    }
+    for (const Text& name : files_.FolderNames(path)) AddFolder(root, prefix + name, tgl);
+    open_.pop_back();
   }
 
   Session& session_;
   Files& files_;
+  std::vector<Text> open_;  ///< The real paths of the folders that are being walked.
 };
 
 int RunGame(Session& session) {
@@ -87,7 +110,10 @@ int RunPack(Session& session, const Text& name, const std::vector<std::string>& 
   if (!session.RequireGame()) return session.Finish(false);
   session.PrepareProgramFolder();
   EntryCollector collector(session);
-  for (const std::string& entry : typed) collector.Add(TextFromUtf8(entry));
+  const bool isWhole = NotingFailures(session.app, [&] {
+    for (const std::string& entry : typed) collector.Add(TextFromUtf8(entry));
+  });
+  if (!isWhole) return session.Finish(false);
   auto& screen = session.app.Screen<frmPackager>();
   session.Follow(screen.TarvoProgress);
   screen.cboFileName.SetText(name);
@@ -130,7 +156,7 @@ int RunInstall(Session& session, const Text& name) {
   auto& screen = session.app.Screen<frmPackager>();
   session.Follow(screen.TarvoProgress);
   screen.cboFileName.SetText(name);
-  screen.InstallPackage();
+  session.Changing([&] { screen.InstallPackage(); });
   return session.FinishWithMessage();
 }
 

@@ -2,7 +2,9 @@
 
 #include "controls/ProgressBar.h"
 #include "platform/Files.h"
+#include "state/ChangeTogether.h"
 #include "state/CommonUtilities.h"
+#include "state/GameLock.h"
 #include "state/StartUp.h"
 #include "text/Utf8.h"
 
@@ -12,21 +14,24 @@ Session::Session(SessionDoors doors, const SessionOptions& options, std::ostream
                  std::ostream& words, std::function<std::optional<std::string>()> readLine)
     : output(results, words, options.Json, options.Quiet),
       dialogue(output, options.Answer, std::move(readLine)),
-      app({doors.files, doors.settings, doors.registry, *this, *this, doors.locale, doors.clock, dialogue},
+      app({doors.files, doors.settings, doors.registry, *this, *this, doors.locale, doors.clock,
+           dialogue},
           *this, dialogue, options.ProgramFolder),
       showsProgress_(options.Terminal && !options.Quiet) {
   app.shell = this;
   SetConstants(app);
   app.State.GamePath = options.Game;
+  app.Caller = options.Command;
   app.State.ReadChunkSize = 1 << 20;  // No bar is shown for the reading of one file.
   if (!options.Game.empty()) gameSource_ = u"option";
 }
 
 bool Session::RequireGame() {
   if (!app.State.GamePath.empty()) {
-    if (app.machine.files.FolderExists(app.State.GamePath)) return true;
-    NoteFailure(app, PlatformError(u"open", app.State.GamePath, kNoSuchFile));
-    return false;
+    return NotingFailures(app, [&] {
+      if (app.machine.files.FolderExists(app.State.GamePath)) return;
+      throw PlatformError(u"open", app.State.GamePath, kNoSuchFile);
+    });
   }
   const FoundGame found = FindGame(app);
   app.State.GamePath = found.Folder;
@@ -42,6 +47,15 @@ bool Session::RequireGame() {
   }
   Complain(u"The game's folder isn't known: name it with --game");
   return false;
+}
+
+bool Session::Changing(const std::function<void()>& run) {
+  for (const Text& package : UnfinishedInstalls(app)) {
+    output.Say(u"\"" + package +
+               u"\" was not installed to the end: install it again, so that all " +
+               u"of its files are whole.");
+  }
+  return LockingGame(app, {}, run);
 }
 
 void Session::PrepareProgramFolder() {

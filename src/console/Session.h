@@ -19,6 +19,7 @@ struct SessionOptions {
   Text Answer;         ///< "Yes", "No", "All", or empty to ask.
   bool Json = false;
   bool Quiet = false;
+  Text Command;           ///< As the user gave it: what other programs are told meanwhile.
   bool Terminal = false;  ///< Standard error is a terminal: a progress line is shown.
 };
 
@@ -54,6 +55,10 @@ class Session : private FormHost,
   /// Where the game was found: "option", "settings", "registry", or empty for nowhere.
   Text GameSource() const { return gameSource_; }
 
+  /// Runs what changes the game, with no other program changing it meanwhile; false, and noted,
+  /// when another one keeps it.
+  bool Changing(const std::function<void()>& run);
+
   /// Shows the values of `bar` as the progress line.
   void Follow(ProgressBar& bar);
 
@@ -77,6 +82,7 @@ class Session : private FormHost,
   void Closed(Form&) override {}
   void Quit() override {}
   void ShowStatus(TextView) override {}
+  void TellAside(TextView text) override { output.Say(text); }
   void ShowMainMenu() override {}
   void ShowOptions() override {}
   void SettleGame() override {}  // The user has named the game, or it was found.

@@ -111,19 +111,22 @@ int RunShips(Session& session) {
 int ChangeShips(Session& session, const Names& ships, bool enabled, bool disabled,
                 void (frmGameTools::*operation)()) {
   if (!session.RequireGame()) return session.Finish(false);
-  frmGameTools& screen = OpenGameTools(session);
-  screen.ListShips();
-  bool any = false;
-  for (const std::string& typed : ships) {
-    const Text ship = TextFromUtf8(typed);
-    if (!RowOf(screen.lstEnabled, ship) && !RowOf(screen.lstDisabled, ship)) {
-      ComplainOfShip(session, ship);
-      continue;
+  session.Changing([&] {
+    frmGameTools& screen = OpenGameTools(session);
+    screen.ListShips();
+    if (!session.app.Failures.empty()) return;
+    bool any = false;
+    for (const std::string& typed : ships) {
+      const Text ship = TextFromUtf8(typed);
+      if (!RowOf(screen.lstEnabled, ship) && !RowOf(screen.lstDisabled, ship)) {
+        ComplainOfShip(session, ship);
+        continue;
+      }
+      if (enabled && Select(screen.lstEnabled, ship)) any = true;
+      if (disabled && Select(screen.lstDisabled, ship)) any = true;
     }
-    if (enabled && Select(screen.lstEnabled, ship)) any = true;
-    if (disabled && Select(screen.lstDisabled, ship)) any = true;
-  }
-  if (any) (screen.*operation)();
+    if (any) (screen.*operation)();
+  });
   return session.Finish(true);
 }
 
@@ -138,8 +141,7 @@ void SetField(TextBox& field, const std::optional<std::string>& typed) {
   if (typed) field.SetText(TextFromUtf8(*typed));
 }
 
-int RunShipPlugin(Session& session, const PluginOptions& typed) {
-  if (!session.RequireGame()) return session.Finish(false);
+void MakePlugin(Session& session, const PluginOptions& typed) {
   frmGameTools& screen = OpenGameTools(session);
   screen.ListShips();
   screen.cboShipName.SetText(TextFromUtf8(typed.ship));
@@ -152,6 +154,11 @@ int RunShipPlugin(Session& session, const PluginOptions& typed) {
   screen.cboSpecies.SetText(TextFromUtf8(typed.menu));
   screen.cboSpecies_Click();
   screen.MakeShipPlugin();
+}
+
+int RunShipPlugin(Session& session, const PluginOptions& typed) {
+  if (!session.RequireGame()) return session.Finish(false);
+  session.Changing([&] { MakePlugin(session, typed); });
   return session.FinishWithMessage();
 }
 

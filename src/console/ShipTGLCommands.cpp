@@ -60,8 +60,9 @@ int RunMerge(Session& session, const std::vector<std::string>& ships, bool all) 
   for (std::size_t row = 0; all && row < screen.File2.Count(); ++row) {
     screen.File2.SetSelected(row, true);
   }
+  if (!session.app.Failures.empty()) return session.Finish(false);
   for (const std::string& ship : ships) SelectDefinition(session, screen, TextFromUtf8(ship));
-  screen.UpdateShipTGLs();
+  session.Changing([&] { screen.UpdateShipTGLs(); });
   for (const Text& plugin : screen.UnpatchedPlugins) {
     session.output.Message(u"Information", plugin + u" keeps its own description.");
   }

@@ -95,7 +95,7 @@ int RunSoundPlugin(Session& session, const std::string& name,
   screen.cboSoundName.SetText(TextFromUtf8(name));
   for (const TypedSound& sound : sounds) AddSound(session, screen, sound);
   if (screen.lstSoundInfo.Count() < sounds.size()) return session.Finish(false);
-  screen.MakeSoundPlugin();
+  session.Changing([&] { screen.MakeSoundPlugin(); });
   return session.FinishWithMessage();
 }
 

@@ -38,15 +38,29 @@ int Run(CommandLine& line, Terminal& terminal) {
   const FoundProgramFolder program =
       line.program.empty() ? OpenProgramFolder(*machine.files)
                            : FoundProgramFolder{GamePathFromArgument(line.program), {}};
+  const Text failure = FailureWords(program);
+  if (program.Path.empty()) {
+    std::cerr << Utf8FromText(failure) << std::endl;
+    return kFileFailure;
+  }
   line.options.ProgramFolder = program.Path;
   line.options.Answer = line.all ? u"All" : line.yes ? u"Yes" : line.no ? u"No" : u"";
   line.options.Terminal = terminal.ShowsErrors();
   Session session(
       {*machine.files, *machine.settings, *machine.registry, *machine.locale, *machine.clock},
       line.options, std::cout, std::cerr, [&] { return terminal.ReadLine(); });
-  const Text failure = FailureWords(program);
   if (!failure.empty()) session.Complain(u"Warning: " + failure);
   return line.run(session);
+}
+
+/// Raises the status where not all could be written that the user was to read.
+int Closed(int status) {
+  std::cout.flush();
+  const int code = LastSystemError();
+  if (std::cout) return status;
+  const PlatformError error(u"write to", u"the standard output", code);
+  std::cerr << Utf8FromText(Words(error)) << std::endl;
+  return kFileFailure;
 }
 
 }  // namespace
@@ -62,10 +76,12 @@ int main(int argc, char** argv) {
     // The parser takes the words behind the program's name, the last one first.
     std::vector<std::string> words = tarvo::Terminal::Arguments(argc, argv);
     if (!words.empty()) words.erase(words.begin());
+    for (const std::string& word : words) line.options.Command += u" " + tarvo::TextFromUtf8(word);
+    line.options.Command.insert(0, u"tarvo");
     std::ranges::reverse(words);
     parser.parse(std::move(words));
   } catch (const CLI::ParseError& error) {
-    return parser.exit(error) == 0 ? tarvo::kDone : tarvo::kWrongUsage;
+    return tarvo::Closed(parser.exit(error) == 0 ? tarvo::kDone : tarvo::kWrongUsage);
   }
-  return tarvo::Run(line, terminal);
+  return tarvo::Closed(tarvo::Run(line, terminal));
 }

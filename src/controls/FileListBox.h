@@ -17,13 +17,15 @@ class FileListBox : public ListBox {
   /// Without a backslash at its end, but for a drive's root. Empty until it was first set.
   const Text& Path() const { return path_; }
 
-  /// Shows another folder. Raises an error, and keeps the old one, when it doesn't exist.
+  /// Shows another folder. Raises an error, and keeps the old one, when it doesn't exist; throws
+  /// PlatformError, with no files shown, when it can't be read.
   void SetPath(TextView path);
 
   /// Shows other files of the folder from the next Reload on.
   void SetPattern(Text pattern) { pattern_ = std::move(pattern); }
 
-  /// Reads the folder anew; no row is selected then. A folder that can't be read shows no files.
+  /// Reads the folder anew; no row is selected then. A folder that has gone shows no files, and so
+  /// does one that can't be read, with a PlatformError thrown.
   void Reload();
 
  private:

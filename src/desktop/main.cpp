@@ -48,6 +48,7 @@ int main(int argc, char** argv) {
   if (!failure.empty()) {
     program.windows.ShowMessage(failure, u"Tarvo Packager", tarvo::BoxIcon::Exclamation);
   }
+  if (program.folder.Path.empty()) return 1;
   program.app.Screen<tarvo::frmMain>().Visible = true;
   return QApplication::exec();
 }

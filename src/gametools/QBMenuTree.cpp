@@ -61,6 +61,7 @@ void frmGameTools::BuildCustomMenuRows() {
     fraQBMenu.Edit(Family::Menu)[static_cast<std::size_t>(above)].Visible = true;
     fraQBMenu.Height = fraQBMenu.Height + kRowPitch;
   }
+  plugins_.Forget();
   Refresh();
 }
 
@@ -70,6 +71,7 @@ void frmGameTools::RemoveCustomMenuRows() {
     fraQBMenu.Edit(Family::Menu).pop_back();
     fraQBMenu.Height = fraQBMenu.Height - kRowPitch;
   }
+  plugins_.Forget();
   Refresh();
 }
 
@@ -120,7 +122,9 @@ void frmGameTools::CloseQBMenu(int index) {
 bool frmGameTools::InsertShipRow(int index, const Text& ship, bool first) {
   const auto menu = static_cast<std::size_t>(index);
   const Text path = app_.State.GamePath + u"\\scripts\\Custom\\Ships\\" + ship + u".py";
-  if (!IsMenu(index) || !PluginIsInMenu(pluginTexts_.Of(path), MenuCaption(index))) return first;
+  if (!IsMenu(index)) return first;
+  const PluginFacts* const plugin = LookAtPlugin(path);
+  if (!plugin || !plugin->InMenu[menu]) return first;
 
   TreeRows& ships = fraQBMenu.Edit(Family::Ship);
   TreeRows& menus = fraQBMenu.Edit(Family::Menu);

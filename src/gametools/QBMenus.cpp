@@ -6,6 +6,7 @@
 #include "gametools/frmGameTools.h"
 #include "platform/Guarded.h"
 #include "platform/Sound.h"
+#include "state/ChangeTogether.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
 #include "text/Cleaning.h"
@@ -55,23 +56,26 @@ Text frmGameTools::QuickBattlePath() const {
   return JoinPath(app_.State.GamePath, u"\\data\\TGL\\QuickBattle\\QuickBattle.TGL");
 }
 
-/// Reads the names of the custom menus, unless the file is the one that they were read from.
+/// Reads the names of the custom menus, unless the file is the one that they were read from. A file
+/// of no bytes, which a power cut leaves, has none.
 void frmGameTools::ReadCustomMenus() {
-  const auto stamp = app_.machine.files.Stamp(SpeciesPath());
-  if (stamp && stamp == speciesStamp_) return;
-  speciesStamp_.reset();
-  customMenus_.clear();
-  if (!stamp) return;
-  TGLFile species(app_.machine.files);
-  species.SetFilename(SpeciesPath());
-  try {
-    species.Load();
-  } catch (const RaisedError& error) {
-    NoteFailure(app_, error, SpeciesPath());
-    return;
-  }
-  for (const auto entry : species.Strings()) customMenus_.push_back(entry->Data);
-  speciesStamp_ = stamp;
+  NotingFailures(app_, [&] {
+    const auto stamp = app_.machine.files.Stamp(SpeciesPath());
+    if (stamp && stamp == speciesStamp_) return;
+    speciesStamp_.reset();
+    customMenus_.clear();
+    if (!stamp || stamp->Size == 0) return;
+    TGLFile species(app_.machine.files);
+    species.SetFilename(SpeciesPath());
+    try {
+      species.Load();
+    } catch (const RaisedError& error) {
+      NoteFailure(app_, error, SpeciesPath());
+      return;
+    }
+    for (const auto entry : species.Strings()) customMenus_.push_back(entry->Data);
+    speciesStamp_ = stamp;
+  });
 }
 
 Text frmGameTools::GetSpeciesName(int index) {
@@ -94,34 +98,51 @@ void frmGameTools::LoadQBMenus() {
   }
 }
 
+frmGameTools::PluginFacts frmGameTools::LearnPlugin(const FileText& text) const {
+  PluginFacts facts;
+  for (int i = 0; i < MenuRowCount(); ++i) {
+    facts.InMenu.push_back(IsMenu(i) && PluginIsInMenu(text, MenuCaption(i)));
+  }
+  facts.GroupLine = GroupLine(text);
+  return facts;
+}
+
+/// Null, and noted, for a plug-in that can't be read.
+const frmGameTools::PluginFacts* frmGameTools::LookAtPlugin(const Text& path) {
+  const PluginFacts* facts = nullptr;
+  NotingFailures(app_, [&] { facts = &plugins_.Of(path); });
+  return facts;
+}
+
 void frmGameTools::FindShipMenu(const Text& strShipName) {
   const Text path =
       JoinPath(app_.State.GamePath, u"\\scripts\\Custom\\Ships\\" + strShipName + u".py");
-  const FileText& plugin = pluginTexts_.Of(path);
-  for (int i = 0; i + 1 < MenuRowCount(); ++i) {
-    if (!PluginIsInMenu(plugin, MenuCaption(i))) continue;
-    SelectedMenu = static_cast<std::int16_t>(i);
-    return;
-  }
+  const PluginFacts* const plugin = LookAtPlugin(path);
+  if (!plugin) return;
+  const auto menu = std::ranges::find(plugin->InMenu, true);
+  if (menu == plugin->InMenu.end()) return;
+  SelectedMenu = static_cast<std::int16_t>(menu - plugin->InMenu.begin());
 }
 
-/// A plug-in that can't be read or written ends the walk; the failure is noted.
-void frmGameTools::MoveMenuShipsToOther(const Text& menuName) {
-  FileList4.Reload();
+/// A plug-in that can't be read or written ends the walk.
+bool frmGameTools::MoveMenuShipsToOther(const Text& menuName) {
+  const std::size_t failures = app_.Failures.size();
+  Reread(FileList4);
   std::vector<Text> names;
   for (std::size_t i = FileList4.Count(); i-- > 0;) names.push_back(FileList4.Item(i));
-  const std::size_t failures = app_.Failures.size();
+  const FileText menu = FileTextFromText(menuName);
   for (const Text& name : names) {
-    if (app_.Failures.size() != failures) return;
-    if (std::find(kNoPlugins.begin(), kNoPlugins.end(), name) != kNoPlugins.end()) continue;
-    const FileText& plugin = pluginTexts_.Of(JoinPath(FileList4.Path(), name));
-    if (!GroupLineHolds(plugin, menuName)) continue;
+    if (app_.Failures.size() != failures) return false;
+    if (std::ranges::find(kNoPlugins, name) != kNoPlugins.end()) continue;
+    const PluginFacts* const plugin = LookAtPlugin(JoinPath(FileList4.Path(), name));
+    if (!plugin || plugin->GroupLine.find(menu) == FileText::npos) continue;
     cboSpecies.SetText(u"Other Ships");
     cboShipName.SetText(ShipOf(name));
     QuietMake = true;
     MakeShipPlugin();
     QuietMake = false;
   }
+  return app_.Failures.size() == failures;
 }
 
 void frmGameTools::cboSpecies_Click() {
@@ -132,46 +153,56 @@ void frmGameTools::cboSpecies_Click() {
 }
 
 /// False, and told, when there is a database that can't be loaded: it must not be replaced. One
-/// that is missing has no strings.
+/// that is missing, or our own with no bytes in it, has no strings.
 bool frmGameTools::LoadMenus(TGLFile& file) {
-  if (!app_.machine.files.FileExists(file.Filename())) return true;
-  try {
-    file.Load();
-    return true;
-  } catch (const RaisedError& error) {
-    NoteFailure(app_, error, file.Filename());
-    app_.dialogue.PacMsg(u"Can't read File " + file.Filename() +
-                             u"!!!  This File is Corrupted, no QB Menu has been changed!",
-                         Title::Critical);
-    return false;
-  }
-}
-
-/// False, and told, when it can't be written; the old one stands then. A database that has no
-/// strings left is deleted, since there is no such file.
-bool frmGameTools::SaveMenus(TGLFile& file) {
   const Text& path = file.Filename();
-  const bool stands = app_.machine.files.FileExists(path);
-  if (!stands && file.Strings().Count() == 0) return true;
-  ClearReadOnly(app_, path);
   try {
-    if (file.Strings().Count() == 0) {
-      app_.machine.files.Remove(path);
-    } else {
-      file.Update(path, true);
-    }
+    const auto stamp = app_.machine.files.Stamp(path);
+    const bool isEmpty = path == SpeciesPath() && stamp && stamp->Size == 0;
+    if (stamp && !isEmpty) file.Load();
     return true;
   } catch (const RaisedError& error) {
     NoteFailure(app_, error, path);
   } catch (const PlatformError& error) {
     NoteFailure(app_, error);
   }
-  app_.dialogue.PacMsg(u"Can't write to File " + path + u"!!!  The File is as it was before!",
-                       Title::Critical);
+  app_.dialogue.PacMsg(
+      u"Can't read File " + path + u"!!!  This File is Corrupted, no QB Menu has been changed!",
+      Title::Critical);
   return false;
 }
 
-/// Puts a menu into both databases, the game's first.
+/// Writes the databases, all of them or none; false, and told, when that can't be. Our own is
+/// deleted when it has no strings left, since there is no such file; the game's stays as it is
+/// then.
+bool frmGameTools::SaveMenus(std::initializer_list<const TGLFile*> files) {
+  Text path;
+  try {
+    std::vector<FileChange> changes;
+    for (const TGLFile* file : files) {
+      path = file->Filename();
+      const bool isEmpty = file->Strings().Count() == 0;
+      if (isEmpty && path == QuickBattlePath()) continue;
+      ClearReadOnly(app_, path);
+      changes.push_back({path, isEmpty ? std::nullopt : std::optional(file->Bytes())});
+    }
+    ChangeTogether(app_, changes);
+    return true;
+  } catch (const RaisedError& error) {
+    NoteFailure(app_, error, path);
+  } catch (const PlatformError& error) {
+    path = error.Path;
+    NoteFailure(app_, error);
+  }
+  app_.dialogue.PacMsg(
+      u"Can't write to File " + path + u"!!!  " +
+          (HasUnfinishedChange(app_) ? u"The next Start completes what has been begun!"
+                                     : u"All Files are as they were before!"),
+      Title::Critical);
+  return false;
+}
+
+/// Puts a menu into both databases.
 bool frmGameTools::AddMenuStrings(const Text& name) {
   TGLFile species(app_.machine.files);
   TGLFile quickBattle(app_.machine.files);
@@ -180,7 +211,7 @@ bool frmGameTools::AddMenuStrings(const Text& name) {
   if (!LoadMenus(species) || !LoadMenus(quickBattle)) return false;
   AddMenuString(quickBattle, name);
   AddMenuString(species, name);
-  return SaveMenus(quickBattle) && SaveMenus(species);
+  return SaveMenus({&quickBattle, &species});
 }
 
 void frmGameTools::AddQBMenu() {
@@ -224,28 +255,26 @@ void frmGameTools::DeleteQBMenu() {
 }
 
 /// Takes the selected menus out of both loaded databases and moves their ships; false when not all
-/// ships could be moved.
+/// ships could be moved. A menu whose ships can't be told stays, and all behind it.
 bool frmGameTools::RemoveSelectedMenus(TGLFile& species, TGLFile& quickBattle) {
-  const std::size_t failures = app_.Failures.size();
   for (std::size_t i = lstSpecies.Count(); i-- > 0;) {
     if (!lstSpecies.Selected(i)) continue;
     const Text name = lstSpecies.Item(i);
+    if (!MoveMenuShipsToOther(name)) return false;
     RemoveMenuString(species.Strings(), name);
     RemoveMenusShownAs(species.Strings(), name);
     RemoveMenuString(quickBattle.Strings(), name);
-    MoveMenuShipsToOther(name);
     lstSpecies.RemoveAt(i);
   }
-  return app_.Failures.size() == failures;
+  return true;
 }
 
-/// On the disk the ships come first and the game's database last. The messages wait for the end:
-/// each tells what is done, and a failure was told where it happened.
+/// On the disk the ships come first, and the databases last. The messages wait for the end: each
+/// tells what is done, and a failure was told where it happened.
 void frmGameTools::RemoveMenus(TGLFile& species, TGLFile& quickBattle) {
   const bool moved = RemoveSelectedMenus(species, quickBattle);
-  const bool forgotten = SaveMenus(species);
+  const bool removed = moved && SaveMenus({&species, &quickBattle});
   LoadQBMenus();
-  const bool removed = forgotten && SaveMenus(quickBattle);
   if (removed) {
     app_.dialogue.PacMsg(u"The Selected QB Menu Items have been Removed from the Game!",
                          Title::Information);

@@ -1,8 +1,11 @@
+#include <algorithm>
+
 #include "gametools/frmGameTools.h"
 #include "platform/Sound.h"
 #include "ships/ShipFiles.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
+#include "text/LetterCase.h"
 
 namespace tarvo {
 namespace {
@@ -40,11 +43,13 @@ FileAnswers frmGameTools::LookUp(const ShipReference& reference, const Text& own
   return answers;
 }
 
+/// A script that can't be read is noted, and counts as one of no bytes.
 template <class Use>
 void frmGameTools::LookUpAll(const Text& fileName, Use&& use) {
   app_.State.MissingFileCount = 0;
   const Text path = ScriptPath(fileName);
-  const LearntScript& script = scripts_.Of(path);
+  LearntScript script = LearnScript({});
+  NotingFailures(app_, [&] { script = scripts_.Of(path); });
   const Text own = script.HasText ? path : Text();
   for (const ShipReference& reference : script.References) use(reference, LookUp(reference, own));
 }
@@ -68,6 +73,10 @@ void frmGameTools::CheckShipFiles() {
 
 void frmGameTools::ScanEnabledShips() {
   if (lstEnabled.Count() == 0) return;
+  if (!scriptsKnown_) {
+    if (!app_.Failures.empty()) return;
+    return NoteFailure(app_, PlatformError(u"open", FileList3.Path(), kNoSuchFile));
+  }
   const bool soundFX = app_.State.SoundFX;
   const std::uint32_t chunk = app_.State.ReadChunkSize;
   app_.State.SoundFX = false;
@@ -96,13 +105,40 @@ void frmGameTools::ScanShip(std::size_t row, const Text& script) {
     app_.dialogue.PacMsg(u"Ship " + ship + u" is not found!!! Please Reinstall this Ship!",
                          Title::Critical);
   } else {
-    LookUpAll(script, [](const ShipReference&, const FileAnswers&) {});
-    if (app_.State.MissingFileCount <= 0) return;
+    if (!MustBeDisabled(script)) return;
     app_.dialogue.PacMsg(u"Ship " + ship + u" has Problems with it, Please use the File Checker!",
                          Title::Warning);
   }
   lstEnabled.SetSelected(row, true);
   DisableShips();
+}
+
+/// True when a file is known to be missing that the script names.
+bool frmGameTools::MustBeDisabled(const Text& script) {
+  const std::size_t failures = app_.Failures.size();
+  std::vector<ShipReference> missing;
+  LookUpAll(script, [&](const ShipReference& reference, const FileAnswers& answers) {
+    if (!answers.InOrder()) missing.push_back(reference);
+  });
+  if (app_.Failures.size() != failures) return false;
+  return std::ranges::any_of(missing, [&](const auto& file) { return CanBeJudged(file); });
+}
+
+/// False, and noted, when the folder is missing where all files of this kind lie: then it isn't
+/// this ship that lacks something.
+bool frmGameTools::CanBeJudged(const ShipReference& missing) {
+  const Text path = FoldCase(missing.Path);
+  for (const TextView folder : {u"\\scripts\\ships\\hardpoints", u"\\data\\models\\ships"}) {
+    if (!path.starts_with(Text(folder) + u"\\")) continue;
+    const Text whole = app_.State.GamePath + missing.Path.substr(0, folder.size());
+    bool stands = false;
+    NotingFailures(app_, [&] {
+      stands = app_.machine.files.FolderExists(whole);
+      if (!stands) throw PlatformError(u"open", whole, kNoSuchFile);
+    });
+    return stands;
+  }
+  return true;
 }
 
 }  // namespace tarvo

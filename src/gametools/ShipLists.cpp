@@ -1,8 +1,9 @@
 #include <unordered_set>
 
 #include "gametools/frmGameTools.h"
-#include "platform/Guarded.h"
 #include "ships/ShipFiles.h"
+#include "state/CommonUtilities.h"
+#include "state/GameLock.h"
 
 namespace tarvo {
 namespace {
@@ -23,30 +24,37 @@ std::vector<Text> ShipsOf(const FileListBox& list, TextView ending) {
 
 void frmGameTools::RefreshShipLists() {
   ListShips();
-  ScanEnabledShips();
+  LockingGame(app_, u"Check of the Ships", [&] { ScanEnabledShips(); });
+}
+
+/// A folder that can't be read is noted, and shows no files.
+void frmGameTools::Reread(FileListBox& list) {
+  NotingFailures(app_, [&] { list.Reload(); });
 }
 
 void frmGameTools::ListShips() {
   lstEnabled.Clear();
   lstDisabled.Clear();
-  for (FileListBox* list :
-       {&FileList1, &FileList2, &FileList3, &FileList4, &FileList5, &FileListWavs}) {
-    list->Reload();
+  for (FileListBox* list : {&FileList1, &FileList2, &FileList4, &FileList5, &FileListWavs}) {
+    Reread(*list);
   }
+  scriptsKnown_ = false;
+  NotingFailures(app_, [&] {
+    FileList3.Reload();
+    scriptsKnown_ = app_.machine.files.FolderExists(FileList3.Path());
+  });
   for (Text& ship : ShipsOf(FileList4, kEnabledEnding)) lstEnabled.Add(std::move(ship));
   FileList4.SetPattern(u"*.Disabled");
-  FileList4.Reload();
+  Reread(FileList4);
   for (Text& ship : ShipsOf(FileList4, kDisabledEnding)) lstDisabled.Add(std::move(ship));
   FileList4.SetPattern(u"*.py");
-  FileList4.Reload();
+  Reread(FileList4);
 }
 
 /// A folder that isn't there adds nothing.
 void frmGameTools::FillShipList() {
-  FileList5.SetPattern(u"*.py");
-  if (!Guarded([&] { FileList5.SetPath(app_.State.GamePath + u"\\scripts\\Custom\\Ships\\"); })) {
-    return;
-  }
+  const Text folder = app_.State.GamePath + u"\\scripts\\Custom\\Ships\\";
+  if (!ShowFolder(FileList5, folder, u"*.py")) return;
   std::unordered_set<Text> held;
   for (std::size_t row = 0; row < cboShipName.Count(); ++row) held.insert(cboShipName.Item(row));
   for (Text& ship : ShipsOf(FileList5, kEnabledEnding)) {

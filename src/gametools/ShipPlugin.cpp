@@ -1,7 +1,7 @@
 #include "ships/ShipPlugin.h"
 
 #include "gametools/frmGameTools.h"
-#include "platform/Files.h"
+#include "platform/FileCopies.h"
 #include "platform/Locale.h"
 #include "platform/Sound.h"
 #include "quickbattle/QBMenus.h"
@@ -36,7 +36,7 @@ void frmGameTools::MakeShipPlugin() {
     return;
   }
   if (!WriteShipPlugin()) return;
-  if (!ScriptIsListed(ship) && !MakeShipScript(ship)) return;
+  if (!HasScript(ship) && !MakeShipScript(ship)) return;
   if (!QuietMake) {
     app_.dialogue.PacMsg(u"Your Ship has been added to the Game!!!", Title::Information);
   }
@@ -71,7 +71,9 @@ bool frmGameTools::WriteShipPlugin() {
   return true;
 }
 
-bool frmGameTools::ScriptIsListed(const Text& ship) const {
+/// As the list of scripts has it. Where that couldn't be read nobody knows, and nothing is asked.
+bool frmGameTools::HasScript(const Text& ship) const {
+  if (!scriptsKnown_) return !app_.Failures.empty();
   for (std::size_t row = 0; row < FileList2.Count(); ++row) {
     if (ShipOfFile(FileList2.Item(row), kEnabledEnding) == ship) return true;
   }
@@ -89,21 +91,28 @@ bool frmGameTools::MakeShipScript(const Text& ship) {
   if (dialogue.PacInput(u"Would you like to Attempt to Create one???", Title::Question) == u"No") {
     return false;
   }
-  if (app_.machine.files.FileExists(path)) {
+  bool stands = false;
+  if (!NotingFailures(app_, [&] { stands = app_.machine.files.FileExists(path); })) return false;
+  if (stands) {
     dialogue.PacMsg(path + u" has come up since, and stays as it is!", Title::Warning);
   } else {
-    const Text source = app_.ProgramFolder + u"\\Backup\\Galaxy.py";
-    const FileText pattern = LookAtFile(app_, source);
-    if (pattern.empty()) {
-      NoteFailure(app_, PlatformError(u"read", source, kNoSuchFile));
-      return false;
-    }
-    WriteFileText(app_, path, ShipScriptText(pattern, ship));
-    if (!app_.machine.files.FileExists(path)) return false;
+    if (!WriteShipScript(ship, path)) return false;
     dialogue.PacMsg(file + u" has been created... Checking File Structures...", Title::Information);
   }
   lblMenus_Click();
   return true;
+}
+
+/// False, and noted, when the template can't be read or the script not be written.
+bool frmGameTools::WriteShipScript(const Text& ship, const Text& path) {
+  const Text source = app_.ProgramFolder + u"\\Backup\\Galaxy.py";
+  bool written = false;
+  NotingFailures(app_, [&] {
+    const WholeText pattern = ReadWhole(app_.machine.files, source);
+    if (pattern.Bytes().empty()) throw PlatformError(u"read", source, kReadFault);
+    written = WriteFileText(app_, path, ShipScriptText(pattern, ship));
+  });
+  return written;
 }
 
 void frmGameTools::PickShipScript() {
@@ -121,7 +130,7 @@ void frmGameTools::ShipNameChanged() {
 void frmGameTools::LoadShipPlugin() {
   PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
   const ShipPlugin plugin =
-      ReadShipPlugin(LookAtFile(app_, PluginPath(cboShipName.Text(), kEnabledEnding)));
+      ReadShipPlugin(ReadFileText(app_, PluginPath(cboShipName.Text(), kEnabledEnding)));
   txtIconName.SetText(plugin.Icon);
   cboSpecies.SetText(plugin.Menu.empty() ? Text(kNoMenu) : MenuOnScreen(plugin.Menu));
   txtModName.SetText(plugin.ModName);

@@ -16,7 +16,16 @@ void RemoveIfThere(Files& files, const Text& path) {
   try {
     files.Remove(path);
   } catch (const PlatformError& error) {
-    if (error.Code != kNoSuchFile) throw;
+    if (!SaysNothingThere(error.Code)) throw;
+  }
+}
+
+/// True when it is known that no file stands there.
+bool IsGone(Files& files, const Text& path) {
+  try {
+    return !files.FileExists(path);
+  } catch (const PlatformError&) {
+    return false;
   }
 }
 
@@ -63,7 +72,7 @@ bool frmGameTools::RenamePlugin(const Text& ship, TextView from, TextView to) {
     files.Rename(source, target);
     return true;
   } catch (const PlatformError& error) {
-    if (!files.FileExists(source) || !files.FileExists(target)) {
+    if (error.Code != kFileExists || IsGone(files, source)) {
       NoteFailure(app_, error);
       return false;
     }
@@ -83,19 +92,27 @@ void frmGameTools::DisableShips() {
   SelectedShip = 0;
 }
 
+/// The compiled script goes first: with it in place the game would have the ship all the same.
+bool frmGameTools::DisablePlugin(const Text& ship) {
+  Files& files = app_.machine.files;
+  const bool isAlone = NotingFailures(app_, [&] {
+    if (files.FileExists(PluginPath(ship, kDisabledEnding))) return;
+    RemoveIfThere(files, PluginPath(ship, kCompiledEnding));
+  });
+  return isAlone && RenamePlugin(ship, kEnabledEnding, kDisabledEnding);
+}
+
 void frmGameTools::DisableShip(std::size_t row) {
   const Text ship = lstEnabled.Item(row);
   const std::vector<int> menus = TakeOutOfTree(ship);
-  if (RenamePlugin(ship, kEnabledEnding, kDisabledEnding)) {
-    NotingFailures(app_,
-                   [&] { RemoveIfThere(app_.machine.files, PluginPath(ship, kCompiledEnding)); });
+  if (DisablePlugin(ship)) {
     lstDisabled.Add(ship);
     lstEnabled.RemoveAt(row);
-  } else if (app_.machine.files.FileExists(PluginPath(ship, kEnabledEnding))) {
+  } else if (IsGone(app_.machine.files, PluginPath(ship, kEnabledEnding))) {
+    lstEnabled.RemoveAt(row);
+  } else {
     lstEnabled.SetSelected(row, false);
     ShowAnew(menus);
-  } else {
-    lstEnabled.RemoveAt(row);
   }
 }
 
@@ -116,7 +133,7 @@ void frmGameTools::EnableShip(std::size_t row) {
     lstEnabled.Add(ship);
     FindShipMenu(ship);
     lstDisabled.RemoveAt(row);
-  } else if (!app_.machine.files.FileExists(PluginPath(ship, kDisabledEnding))) {
+  } else if (IsGone(app_.machine.files, PluginPath(ship, kDisabledEnding))) {
     lstDisabled.RemoveAt(row);
   }
 }

@@ -41,10 +41,16 @@ class NewNames {
 
 }  // namespace
 
-/// False, with the list as it was, when there is no such folder.
+/// False, with the list as it was, when there is no such folder; noted when it can't be read.
 bool frmGameTools::ShowFolder(FileListBox& list, TextView folder, TextView pattern) {
   list.SetPattern(Text(pattern));
-  return Guarded([&] { list.SetPath(folder); });
+  bool shown = false;
+  NotingFailures(app_, [&] {
+    if (!app_.machine.files.FolderExists(folder)) return;
+    list.SetPath(folder);
+    shown = true;
+  });
+  return shown;
 }
 
 void frmGameTools::FillSoundLists() {
@@ -73,14 +79,14 @@ void frmGameTools::ScanHardpoints() {
     ProgressBar.SetValue(static_cast<std::int64_t>(i));
     lblFile.Caption = path;
     if (i % kFilesAPicture == 0) fraUpdateProgress.Refresh();
-    names.Gather(weaponNames_.Of(path));
+    NotingFailures(app_, [&] { names.Gather(weaponNames_.Of(path)); });
   }
   names.AddTo(lstWeapons);
 }
 
 void frmGameTools::GetWeaponsList(const Text& strFilePath) {
   NewNames names(lstWeapons);
-  names.Gather(weaponNames_.Of(strFilePath));
+  NotingFailures(app_, [&] { names.Gather(weaponNames_.Of(strFilePath)); });
   names.AddTo(lstWeapons);
 }
 

@@ -22,7 +22,6 @@ bool HasItem(const ComboBox& box, const Text& item) {
 
 }  // namespace
 
-/// What failed before belongs to another command.
 Text frmGameTools::SoundPluginPath() const {
   return JoinPath(app_.State.GamePath, u"\\scripts\\Custom\\Autoload\\" + cboSoundName.Text() +
                                            Text(kSoundPluginEnding));
@@ -68,7 +67,7 @@ void frmGameTools::lblRemoveSound_Click() {
 void frmGameTools::ReadSoundPlugin() {
   PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
   lstSoundInfo.Clear();
-  for (Text& entry : SoundPluginEntries(LookAtFile(app_, SoundPluginPath()))) {
+  for (Text& entry : SoundPluginEntries(ReadFileText(app_, SoundPluginPath()))) {
     lstSoundInfo.Add(std::move(entry));
   }
 }
@@ -89,8 +88,8 @@ void frmGameTools::MakeSoundPlugin() {
   for (std::size_t row = 0; row < lstSoundInfo.Count(); ++row) {
     entries.push_back(lstSoundInfo.Item(row));
   }
-  WriteFileText(app_, SoundPluginPath(), SoundPluginText(entries, app_.machine.locale.ShortDate()));
-  if (!app_.Failures.empty()) return;
+  const FileText plugin = SoundPluginText(entries, app_.machine.locale.ShortDate());
+  if (!WriteFileText(app_, SoundPluginPath(), plugin)) return;
   app_.dialogue.PacMsg(
       u"Custom Sound Plugin " + name + Text(kSoundPluginEnding) + u" has been Created!!!",
       Title::Information);

@@ -1,11 +1,13 @@
 #include "gametools/frmGameTools.h"
 
 #include <algorithm>
+#include <exception>
 
 #include "platform/PlatformError.h"
 #include "platform/Sound.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
+#include "state/GameLock.h"
 #include "state/Shell.h"
 #include "text/Paths.h"
 #include "text/RaisedError.h"
@@ -95,14 +97,26 @@ void frmGameTools::Unload() {
   app_.shell->WorkScreenClosed();
 }
 
+/// All lists get their folders, also those behind one that can't be shown; then the first failure
+/// is thrown.
 void frmGameTools::SetFolders() {
-  const auto below = [this](TextView folder) { return JoinPath(app_.State.GamePath, folder); };
-  for (FileListBox* list : {&FileList1, &FileList2, &FileList3}) {
-    list->SetPath(below(u"\\scripts\\ships\\"));
-  }
-  FileList4.SetPath(below(u"\\scripts\\Custom\\Ships\\"));
-  FileList5.SetPath(below(u"\\scripts\\ships\\Hardpoints\\"));
-  FileListWavs.SetPath(below(u"\\sfx\\Weapons\\"));
+  std::exception_ptr failure;
+  const auto show = [&](FileListBox& list, TextView below) {
+    try {
+      list.SetPath(JoinPath(app_.State.GamePath, below));
+      return true;
+    } catch (const std::exception&) {
+      if (!failure) failure = std::current_exception();
+      return false;
+    }
+  };
+  show(FileList1, u"\\scripts\\ships\\");
+  show(FileList2, u"\\scripts\\ships\\");
+  scriptsKnown_ = show(FileList3, u"\\scripts\\ships\\");
+  show(FileList4, u"\\scripts\\Custom\\Ships\\");
+  show(FileList5, u"\\scripts\\ships\\Hardpoints\\");
+  show(FileListWavs, u"\\sfx\\Weapons\\");
+  if (failure) std::rethrow_exception(failure);
 }
 
 void frmGameTools::Leave() {
@@ -175,11 +189,28 @@ void frmGameTools::Connect() {
 /// in the status line. What it leaves of the tree stays in sight.
 std::function<void()> frmGameTools::Command(void (frmGameTools::*routine)()) {
   return [this, routine] {
-    app_.Failures.clear();
-    app_.shell->ShowStatus(status_);
-    const int height = fraQBMenu.Height;
-    (this->*routine)();
-    fraQBMenu.StayInSight(height);
+    BeginCommand();
+    RunInSight(routine);
+  };
+}
+
+void frmGameTools::BeginCommand() {
+  app_.Failures.clear();
+  app_.shell->ShowStatus(status_);
+}
+
+void frmGameTools::RunInSight(void (frmGameTools::*routine)()) {
+  const int height = fraQBMenu.Height;
+  (this->*routine)();
+  fraQBMenu.StayInSight(height);
+}
+
+/// The same for a command that changes the game: no other program does meanwhile.
+std::function<void()> frmGameTools::Changing(const Button& button,
+                                             void (frmGameTools::*routine)()) {
+  return [this, &button, routine] {
+    BeginCommand();
+    LockingGame(app_, button.Caption.Get(), [&] { RunInSight(routine); });
   };
 }
 
@@ -205,16 +236,19 @@ void frmGameTools::ConnectLists() {
 }
 
 void frmGameTools::ConnectCommands() {
-  lblMakeShipPlugin.OnClick = Command(&frmGameTools::MakeShipPlugin);
   lblPlaySound.OnClick = [this] { lblPlaySound_Click(); };
   lblAddSound.OnClick = [this] { AddSoundEntry(); };
   lblRemoveSound.OnClick = [this] { lblRemoveSound_Click(); };
-  lblMakeSoundPlugin.OnClick = Command(&frmGameTools::MakeSoundPlugin);
-  lblAddQB.OnClick = Command(&frmGameTools::AddQBMenu);
-  lblDeleteQB.OnClick = Command(&frmGameTools::DeleteQBMenu);
-  lblEnable.OnClick = Command(&frmGameTools::EnableShips);
-  lblDisable.OnClick = Command(&frmGameTools::DisableShips);
-  lblDelete.OnClick = Command(&frmGameTools::DeleteShips);
+  const auto changing = [this](Button& button, void (frmGameTools::*routine)()) {
+    button.OnClick = Changing(button, routine);
+  };
+  changing(lblMakeShipPlugin, &frmGameTools::MakeShipPlugin);
+  changing(lblMakeSoundPlugin, &frmGameTools::MakeSoundPlugin);
+  changing(lblAddQB, &frmGameTools::AddQBMenu);
+  changing(lblDeleteQB, &frmGameTools::DeleteQBMenu);
+  changing(lblEnable, &frmGameTools::EnableShips);
+  changing(lblDisable, &frmGameTools::DisableShips);
+  changing(lblDelete, &frmGameTools::DeleteShips);
 }
 
 void frmGameTools::ConnectTree() {

@@ -168,7 +168,8 @@ class frmGameTools : public Form {
   /// Reports on the script that is picked in FileList3.
   void CheckShipFiles();
 
-  /// Checks every ship of lstEnabled and disables those that fail.
+  /// Checks every ship of lstEnabled and disables those that fail. A ship of which a file couldn't
+  /// be looked at, or lies in a folder that is missing as a whole, stays as it is.
   void ScanEnabledShips();
 
   // --- states of ships: ShipStates.cpp ---
@@ -189,7 +190,8 @@ class frmGameTools : public Form {
   void LoadQBMenus();
   Text GetSpeciesName(int index);  ///< `index` counts from 1; empty when there is no such menu.
   void FindShipMenu(const Text& strShipName);
-  void MoveMenuShipsToOther(const Text& menuName);
+  /// Gives false, with the failure noted, when not all of them could be moved.
+  bool MoveMenuShipsToOther(const Text& menuName);
   void AddQBMenu();
   void DeleteQBMenu();
   void cboSpecies_Click();
@@ -228,7 +230,8 @@ class frmGameTools : public Form {
   Text PluginPath(const Text& ship, TextView ending) const;
   Text ScriptPath(const Text& fileName) const;
   bool WriteShipPlugin();
-  bool ScriptIsListed(const Text& ship) const;
+  bool HasScript(const Text& ship) const;
+  bool WriteShipScript(const Text& ship, const Text& path);
   bool MakeShipScript(const Text& ship);
   struct LearntScript {
     std::vector<ShipReference> References;
@@ -240,12 +243,14 @@ class frmGameTools : public Form {
   FileAnswers LookUp(const ShipReference& reference, const Text& own);
   template <class Use>
   void LookUpAll(const Text& fileName, Use&& use);
+  bool MustBeDisabled(const Text& script);
   void ScanShip(std::size_t row, const Text& script);
   void SelectShipOfTree();
   std::vector<int> OpenMenus() const;
   std::vector<int> TakeOutOfTree(const Text& ship);
   void ShowAnew(const std::vector<int>& menus);
   bool RenamePlugin(const Text& ship, TextView from, TextView to);
+  bool DisablePlugin(const Text& ship);
   void DisableShip(std::size_t row);
   void EnableShip(std::size_t row);
   void DeleteEnabledShips();
@@ -260,17 +265,25 @@ class frmGameTools : public Form {
   Text QuickBattlePath() const;
   void ReadCustomMenus();
   bool LoadMenus(TGLFile& file);
-  bool SaveMenus(TGLFile& file);
+  bool SaveMenus(std::initializer_list<const TGLFile*> files);
   bool AddMenuStrings(const Text& name);
   void RemoveMenus(TGLFile& species, TGLFile& quickBattle);
   bool RemoveSelectedMenus(TGLFile& species, TGLFile& quickBattle);
   bool ShowFolder(FileListBox& list, TextView folder, TextView pattern);
+  void Reread(FileListBox& list);
+  bool CanBeJudged(const ShipReference& missing);
   void ScanHardpoints();
   Text SoundPluginPath() const;
 
   std::optional<FileStamp> speciesStamp_;  ///< Of the file that customMenus_ was read from.
   std::vector<Text> customMenus_;
-  FileFacts<FileText> pluginTexts_{app_, [](const FileText& text) { return text; }};
+  struct PluginFacts {
+    std::vector<bool> InMenu;  ///< By the number of the menu's row.
+    FileText GroupLine;
+  };
+  PluginFacts LearnPlugin(const FileText& text) const;
+  const PluginFacts* LookAtPlugin(const Text& path);
+  FileFacts<PluginFacts> plugins_{app_, [this](const FileText& text) { return LearnPlugin(text); }};
   FileFacts<std::vector<Text>> weaponNames_{app_, WeaponNames};
 
   // --- the screen ---
@@ -292,6 +305,9 @@ class frmGameTools : public Form {
   void NameButtons();
   void Connect();
   std::function<void()> Command(void (frmGameTools::*routine)());
+  void BeginCommand();
+  void RunInSight(void (frmGameTools::*routine)());
+  std::function<void()> Changing(const Button& button, void (frmGameTools::*routine)());
   void ConnectTabs();
   void ConnectLists();
   void ConnectCommands();
@@ -319,7 +335,9 @@ class frmGameTools : public Form {
   void PointAtRow(RowPanel::Place place);
   void PointAtNoRow();
 
-  Text status_;            ///< The status line of the open tab.
+  Text status_;  ///< The status line of the open tab.
+  /// The ship scripts of FileList2 and FileList3 are those of the game's folder, which stands.
+  bool scriptsKnown_ = false;
   bool scrolled_ = false;  ///< The arrow that is held has moved something.
 };
 

@@ -7,9 +7,11 @@
 #include "platform/Guarded.h"
 #include "platform/Sound.h"
 #include "shiptgl/UpdateGameTGL.h"
+#include "state/ChangeTogether.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
 #include "state/ReadProgress.h"
+#include "state/Shell.h"
 #include "text/LetterCase.h"
 #include "text/Paths.h"
 
@@ -48,7 +50,8 @@ class frmPackager::Installation {
                          [&] { progress.Advance(); });
   }
 
-  void Write() {
+  void Write(const Text& package) {
+    BeginInstall(app_, package);
     for (std::size_t i = 0; i < entries_.size(); ++i) {
       if (IsTGLEntry(entries_[i])) {
         InstallShipTGL(entries_[i], bodies_[i]);
@@ -56,6 +59,11 @@ class frmPackager::Installation {
         InstallGameFile(entries_[i], bodies_[i]);
       }
     }
+    app_.shell->ShowStatus(u"Bringing all Files to the Disk...");
+    for (const Text& folder : {app_.State.GamePath, app_.ProgramFolder}) files_.Sync(folder);
+    EndInstall(app_, package);
+    app_.shell->ShowStatus(u"All Files are on the Disk.");
+    ShowFailures(app_);
   }
 
  private:
@@ -64,7 +72,7 @@ class frmPackager::Installation {
   void InstallShipTGL(const Text& entry, const PackageBody& body) {
     const bool isDefinition = FoldCase(entry).starts_with(u"\\shiptgls\\");
     if (!isDefinition && !MayWrite(entry)) return;
-    WriteBody(screen_.RootedPath(entry), body);
+    if (!WriteBody(screen_.RootedPath(entry), body)) return;
     UpdateGameTGL(app_, ShipOfTGLEntry(entry));
   }
 
@@ -73,10 +81,15 @@ class frmPackager::Installation {
     if (MayWrite(entry)) WriteBody(screen_.RootedPath(entry), body);
   }
 
-  /// Asks the user before a file is replaced.
+  /// Asks the user before a file is replaced. One that can't be looked at isn't written, and told.
   bool MayWrite(const Text& entry) {
-    if (overwriteAnswer_ == u"All" || CheckFile(app_, screen_.RootedPath(entry)) != kFileOk) {
-      return true;
+    if (overwriteAnswer_ == u"All") return true;
+    const Text path = screen_.RootedPath(entry);
+    try {
+      if (!files_.FileExists(path)) return true;
+    } catch (const PlatformError& error) {
+      TellCantWrite(app_, path, error);
+      return false;
     }
     overwriteAnswer_ = app_.dialogue.PacInput(
         u"File " + BareName(entry) + u" already exists!!!  Would you like to Overwrite???",
@@ -94,17 +107,20 @@ class frmPackager::Installation {
     }
   }
 
-  /// Does for a piece of the package what WriteFileText does for a text.
-  void WriteBody(const Text& path, const PackageBody& body) {
-    if (body.Length == 0) return;
+  /// Does for a piece of the package what WriteFileText does for a text, but that the disk is
+  /// waited for at the end of all.
+  bool WriteBody(const Text& path, const PackageBody& body) {
+    if (body.Length == 0) return true;
     try {
-      const auto file = files_.Replace(path);
+      const auto file = files_.Replace(path, NewFile::Later);
       if (file->CopyFrom(*package_, body.Start, body.Length) != body.Length) {
         throw MalformedPackage(body.Start, u"the package has been cut while it was read");
       }
       file->Commit();
+      return true;
     } catch (const PlatformError& error) {
       TellCantWrite(app_, path, error);
+      return false;
     }
   }
 
@@ -119,12 +135,16 @@ class frmPackager::Installation {
 };
 
 void frmPackager::InstallPackage() {
-  BeginCommand();
   if (cboFileName.Text().empty()) {
     app_.dialogue.PacMsg(u"You did not enter a File Name!!!", Title::Warning);
     return;
   }
-  if (CheckFile(app_, PackagePath()) == kFileMissing) {
+  bool isMissing = false;
+  if (!NotingFailures(app_, [&] { isMissing = !app_.machine.files.FileExists(PackagePath()); })) {
+    app_.dialogue.PacMsg(u"An Error Occured while trying to extract!", Title::Critical);
+    return;
+  }
+  if (isMissing) {
     app_.dialogue.PacMsg(u"That is not a Valid Tarvo File Name!!!", Title::Critical);
     return;
   }
@@ -151,12 +171,11 @@ bool frmPackager::RunInstallation() {
     run->Read();
   });
   PlayEffect(app_, u"BackgroundBeep.wav", kPlay);
-  return read && NotingFailures(app_, [&] { run->Write(); });
+  return read && NotingFailures(app_, [&] { run->Write(cboFileName.Text()); });
 }
 
 void frmPackager::ListPackage() {
   PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
-  BeginCommand();
   lstFile.Clear();
   app_.State.ReadChunkSize = kListChunk;
   NotingFailures(

@@ -19,15 +19,19 @@ constexpr std::size_t kShownWarnings = 12;
 /// marker first and then copied by the kernel.
 constexpr std::uint64_t kSmallFile = 128 * 1024;
 
-/// Appends one file to the package; true when it holds the marker.
-bool AppendBody(FileReplacement& package, FileReader& source) {
+/// Appends one file to the package; true when it holds the marker. Throws PlatformError when it
+/// can't be read to its end.
+bool AppendBody(FileReplacement& package, FileReader& source, const Text& path) {
+  const auto require = [&](std::uint64_t got) {
+    if (got != source.Size()) throw PlatformError(u"read", path, kReadFault);
+  };
   if (source.Size() > kSmallFile) {
     const bool holdsMarker = HoldsMarker(source);
-    package.CopyFrom(source, 0, source.Size());
+    require(package.CopyFrom(source, 0, source.Size()));
     return holdsMarker;
   }
   FileText body(source.Size(), '\0');
-  body.resize(source.ReadAt(0, std::span(body)));
+  require(source.ReadAt(0, std::span(body)));
   package.Write(body);
   return body.find(kMarker) != FileText::npos;
 }
@@ -36,7 +40,6 @@ bool AppendBody(FileReplacement& package, FileReader& source) {
 
 void frmPackager::MakePackage() {
   PlayEffect(app_, u"CommandBeep.wav", kPlayToEnd);
-  BeginCommand();
   if (cboFileName.Text().empty()) {
     app_.dialogue.PacMsg(u"You did not enter a File Name!!!", Title::Warning);
     return;
@@ -56,44 +59,60 @@ void frmPackager::MakePackage() {
   if (written) {
     lstFile.Clear();
     PackageList.clear();
-    lstTarvo.Reload();
+    NotingFailures(app_, [&] { lstTarvo.Reload(); });
     FillPackageNames();
   }
   fraProgress.Visible = false;
   app_.State.CurrentScreen = u"Packager";
 }
 
-/// False when the package couldn't be written; the user's choice of files is kept then, and an old
-/// package of that name stands.
+/// False, and told, when no package could be made; the user's choice of files is kept then, and an
+/// old package of that name stands.
 bool frmPackager::WritePackage() {
-  std::vector<Text> warnings;
+  Text reason;
   try {
-    const auto package = app_.machine.files.Replace(PackagePath());
-    package->Write(PackageHead(PackageList, app_.machine.locale.ShortDate()));
-    for (const Text& entry : EntriesOf(PackageList)) {
-      lblFile.Caption = entry;
-      if (const auto reason = AppendEntry(*package, entry)) {
-        warnings.push_back(entry + u": " + *reason);
-      }
-      Guarded([&] { TarvoProgress.SetValue(TarvoProgress.Value() + 1); });
-      fraUpdateProgress.Refresh();
-    }
-    WarnOfUnpackable(warnings);
-    package->Commit();
+    WriteWholePackage();
     return true;
   } catch (const PlatformError& error) {
     NoteFailure(app_, error);
-    return false;
+    reason = Words(error);
+  } catch (const RaisedError& error) {
+    NoteFailure(app_, error);
+    reason = error.Description;
   }
+  app_.dialogue.PacMsg(u"No Tarvo could be made!\n\n" + reason, Title::Critical);
+  return false;
+}
+
+void frmPackager::WriteWholePackage() {
+  std::vector<Text> warnings;
+  const FileText head = PackageHead(PackageList, app_.machine.locale.ShortDate());
+  if (head.size() > kLongestHead) {
+    throw RaisedError(u"Package", u"The list of files is longer than a Tarvo can have.");
+  }
+  const auto package = app_.machine.files.Replace(PackagePath());
+  package->Write(head);
+  for (const Text& entry : EntriesOf(PackageList)) {
+    lblFile.Caption = entry;
+    if (const auto reason = AppendEntry(*package, entry)) {
+      warnings.push_back(entry + u": " + *reason);
+    }
+    Guarded([&] { TarvoProgress.SetValue(TarvoProgress.Value() + 1); });
+    fraUpdateProgress.Refresh();
+  }
+  WarnOfUnpackable(warnings);
+  package->Commit();
 }
 
 /// Writes the section of one entry; gives the reason when the file can't come out again. A file
-/// that can't be opened gives an empty body.
+/// that has gone gives an empty body.
 std::optional<Text> frmPackager::AppendEntry(FileReplacement& package, const Text& entry) {
   std::optional<Text> reason = UnpackableReason(entry);
   if (const auto source = OpenSource(entry)) {
-    const bool holdsMarker = AppendBody(package, *source);
+    const bool holdsMarker = AppendBody(package, *source, RootedPath(entry));
     if (holdsMarker && !reason) reason = u"it holds the text that ends a file in a Tarvo";
+  } else {
+    reason = u"it has gone, and is empty in the Tarvo";
   }
   package.Write(BodyEnd());
   return reason;
@@ -103,6 +122,7 @@ std::unique_ptr<FileReader> frmPackager::OpenSource(const Text& entry) {
   try {
     return app_.machine.files.Open(RootedPath(entry));
   } catch (const PlatformError& error) {
+    if (!SaysNothingThere(error.Code)) throw;
     NoteFailure(app_, error);
     return {};
   }

@@ -6,6 +6,7 @@
 #include "text/Cleaning.h"
 #include "text/CodePage.h"
 #include "text/LetterCase.h"
+#include "text/Utf8.h"
 
 namespace tarvo {
 namespace {
@@ -38,11 +39,15 @@ bool IsDeviceName(TextView part) {
   return kPorts.find(name[3]) != TextView::npos;
 }
 
+/// The most bytes that file systems let a name have.
+constexpr std::size_t kLongestName = 255;
+
 std::optional<Text> UnsafePart(TextView part) {
   if (part == u"..") return u"it leads out of its folder";
   if (part.empty()) return u"it holds an empty name";
   if (part.back() == u'.' || part.back() == u' ') return u"a name in it ends in a blank or a dot";
   if (IsDeviceName(part)) return u"it names a device";
+  if (Utf8FromText(part).size() > kLongestName) return u"a name in it is too long";
   return {};
 }
 
@@ -95,6 +100,8 @@ std::optional<Text> UnsafeReason(TextView entry) {
   if (std::any_of(entry.begin(), entry.end(), IsControl)) return u"it holds a control character";
   if (entry.find(u':') != TextView::npos) return u"it holds a colon";
   if (entry.find(u'/') != TextView::npos) return u"it holds a slash";
+  const std::size_t odd = entry.find_first_of(u"*?\"<>|");
+  if (odd != TextView::npos) return u"it holds " + Text(1, entry[odd]);
   for (TextView rest = entry.substr(1);;) {
     const std::size_t slash = rest.find(u'\\');
     if (auto reason = UnsafePart(rest.substr(0, slash))) return reason;

@@ -19,6 +19,10 @@ inline constexpr FileTextView kMarker = "===Next File===";
 /// What follows the place of a marker up to the next body: the marker and its CR LF.
 inline constexpr std::size_t kMarkerLine = kMarker.size() + kLineEnd.size();
 
+/// The most bytes in front of the first body: what is written is refused beyond it, as what is
+/// read.
+inline constexpr std::size_t kLongestHead = 8 * 1024 * 1024;
+
 /// All that stands in front of the first body.
 FileText PackageHead(TextView packageList, TextView shortDate);
 

@@ -12,7 +12,6 @@ namespace tarvo {
 namespace {
 
 constexpr std::size_t kListBlock = 16 * 1024;
-constexpr std::size_t kListLimit = 8 * 1024 * 1024;
 constexpr std::size_t kScanBlock = 256 * 1024;
 
 /// Cuts the list out of the package's first bytes; `semicolon` is the place of its end.
@@ -25,7 +24,7 @@ PackageList CutList(FileTextView head, std::size_t listStart, std::size_t semico
           semicolon + 1 + kLineEnd.size()};
 }
 
-/// Reads `file` from `position` to its end in blocks.
+/// Reads `file` from `position` to its end in blocks; one that ends early ends there.
 void ReadBlocks(FileReader& file, std::uint64_t position, std::size_t blockSize,
                 const std::function<void(FileTextView)>& onBlock) {
   FileText buffer(std::min<std::uint64_t>(blockSize, file.Size()), '\0');
@@ -46,7 +45,7 @@ RaisedError MalformedPackage(std::uint64_t position, TextView what) {
 PackageList ReadPackageList(FileReader& package) {
   FileText head;
   std::size_t listStart = FileText::npos;
-  while (head.size() <= kListLimit) {
+  while (head.size() <= kLongestHead) {
     const std::size_t before = head.size();
     head.resize(before + kListBlock);
     const std::size_t got = package.ReadAt(before, std::span(head).subspan(before));

@@ -8,6 +8,7 @@
 #include "platform/Sound.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
+#include "state/GameLock.h"
 #include "state/Shell.h"
 #include "text/Paths.h"
 
@@ -54,12 +55,15 @@ frmPackager::~frmPackager() {
 void frmPackager::Load() {
   const Text drive = app_.State.GamePath.substr(0, 2);
   Skin.Load();
-  app_.shell->ShowStatus(kStatus);
+  BeginCommand();
   Move(1180, 1740, 6900, 0);
   fraTarvo.BackColour = kBlack;
   Guarded([&] { lstDrive.SetDrive(drive); });
   Guarded([&] { lstDir.SetPath(app_.State.GamePath); });
-  Guarded([&] { lstTarvo.SetPath(app_.ProgramFolder + u"\\Tarvos\\"); });
+  const Text packages = app_.ProgramFolder + u"\\Tarvos\\";
+  NotingFailures(app_, [&] {
+    if (app_.machine.files.FolderExists(packages)) lstTarvo.SetPath(packages);
+  });
   FillPackageNames();
   if (app_.State.PacHelper) {
     app_.dialogue.PacMsg(u"Create your Ship Mod Package here!!!", Title::Information);
@@ -91,11 +95,17 @@ void frmPackager::Connect() {
   };
   lstDir.OnChange = [this, click] {
     click();
-    Guarded([&] { lstFileSelect.SetPath(lstDir.Path()); });
+    NotingFailures(app_, [&] { lstFileSelect.SetPath(lstDir.Path()); });
   };
   lstFile.OnClick = click;
   lstFileSelect.OnClick = click;
-  cboFileName.OnClick = [this] { ListPackage(); };
+  const auto command = [this](void (frmPackager::*routine)()) {
+    return [this, routine] {
+      BeginCommand();
+      (this->*routine)();
+    };
+  };
+  cboFileName.OnClick = command(&frmPackager::ListPackage);
   lblModels.OnClick = [this] { ShowShortcut(app_.State.GamePath, u"\\data\\Models\\Ships\\"); };
   lblScripts.OnClick = [this] { ShowShortcut(app_.State.GamePath, u"\\scripts\\ships\\"); };
   lblPlugins.OnClick = [this] { ShowShortcut(app_.State.GamePath, u"\\scripts\\Custom\\Ships\\"); };
@@ -103,8 +113,11 @@ void frmPackager::Connect() {
   lblAdd.OnClick = [this] { AddFiles(); };
   lblAddAll.OnClick = [this] { AddAllFiles(); };
   lblRemove.OnClick = [this] { RemoveFiles(); };
-  lblSave.OnClick = [this] { MakePackage(); };
-  lblTest.OnClick = [this] { InstallPackage(); };
+  lblSave.OnClick = command(&frmPackager::MakePackage);
+  lblTest.OnClick = [this] {
+    BeginCommand();
+    LockingGame(app_, u"Unpak Test", [&] { InstallPackage(); });
+  };
   CancelButton = &lblExit;
   lblExit.OnClick = [this, click] {
     click();
@@ -148,7 +161,7 @@ void frmPackager::AddFiles() {
   }
   if (lstFile.Count() > before) lstFile.BringIntoSight(lstFile.Count() - 1);
   lstFile.Refresh();
-  lstFileSelect.Reload();
+  NotingFailures(app_, [&] { lstFileSelect.Reload(); });
 }
 
 void frmPackager::AddAllFiles() {

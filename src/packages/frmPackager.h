@@ -95,6 +95,7 @@ class frmPackager : public Form {
   void ShowProgress(TextView file);
   void BeginCommand();
   bool WritePackage();
+  void WriteWholePackage();
   std::optional<Text> AppendEntry(FileReplacement& package, const Text& entry);
   std::unique_ptr<FileReader> OpenSource(const Text& entry);
   bool RunInstallation();

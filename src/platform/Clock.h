@@ -11,6 +11,9 @@ class Clock {
 
   /// A random number from 0 up to, but not including, 1.
   virtual double Random() = 0;
+
+  /// Lets so many milliseconds pass.
+  virtual void Pause(int milliseconds) = 0;
 };
 
 }  // namespace tarvo

@@ -7,9 +7,32 @@
 
 namespace tarvo {
 
-void CopyOneFile(Files& files, TextView from, TextView to) {
+WholeText ReadWhole(Files& files, TextView path) {
+  const auto file = files.Open(path);
+  FileText bytes(file->Size(), '\0');
+  if (file->ReadAt(0, std::span(bytes)) != bytes.size()) {
+    throw PlatformError(u"read", Text(path), kReadFault);
+  }
+  return WholeText(std::move(bytes));
+}
+
+void WriteWhole(Files& files, TextView path, FileTextView bytes) {
+  const auto file = files.Replace(path);
+  file->Write(bytes);
+  file->Commit();
+}
+
+std::uint64_t HashOf(FileTextView bytes) {
+  std::uint64_t hash = 0xcbf29ce484222325;
+  for (const char byte : bytes) {
+    hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3;
+  }
+  return hash;
+}
+
+void CopyOneFile(Files& files, TextView from, TextView to, NewFile newFile) {
   const auto source = files.Open(from);
-  const auto target = files.Replace(to);
+  const auto target = files.Replace(to, newFile);
   if (target->CopyFrom(*source, 0, source->Size()) != source->Size()) {
     throw PlatformError(u"read", Text(from), kReadFault);
   }

@@ -19,7 +19,10 @@ namespace tarvo {
 /// regard to it, and only what doesn't exist is made as spelled. Links are followed.
 ///
 /// What goes wrong is thrown as PlatformError with the path as the caller gave it, unless a
-/// function says otherwise.
+/// function says otherwise. Where letter case must be ignored and a folder on the way can't be
+/// listed, the error names that folder.
+///
+/// No path is a pattern but those that a function calls so: a name may hold * or ? like any letter.
 
 /// An open file. Positions count bytes from 0.
 class FileReader {
@@ -47,10 +50,29 @@ class FileReplacement {
   virtual std::uint64_t CopyFrom(FileReader& source, std::uint64_t position,
                                  std::uint64_t count) = 0;
 
-  /// Puts the file in its place, with the mode and owner of the file that it replaces. Where an
-  /// old file is replaced the new one is on the disk before the old one goes; a new file may still
-  /// be on its way. Call it once.
+  /// Puts the file in its place, with the mode, owner and attributes of the file that it replaces.
+  /// Where an old file is replaced the new one is on the disk before the old one goes, and so is a
+  /// new file when Commit returns, unless it was begun with NewFile::Later. Call it once.
   virtual void Commit() = 0;
+};
+
+/// Whether a file that replaces none is waited for. The folder that it stands in is waited for
+/// along with it.
+enum class NewFile {
+  OnDisk,  ///< It is on the disk when Commit returns.
+  Later    ///< The caller has it from elsewhere, and calls Sync for many of them at once.
+};
+
+/// Held by the one program that changes a folder. Lets go of it when it is destroyed, and by any
+/// death of the process.
+class FolderLock {
+ public:
+  virtual ~FolderLock() = default;
+};
+
+struct LockAttempt {
+  std::unique_ptr<FolderLock> Lock;  ///< Null while another program holds the folder.
+  Text Holder;                       ///< What that program says of itself; empty when unknown.
 };
 
 /// Marks of a file. A platform without one of them never reports it and drops it when set.
@@ -74,12 +96,14 @@ class Files {
  public:
   virtual ~Files() = default;
 
-  /// True for a file only: a folder, or a path that can't be looked at, gives false.
+  /// False where nothing stands, where a link leads nowhere, and for a folder. What can't be looked
+  /// at is no answer but a failure, and thrown.
   virtual bool FileExists(TextView path) = 0;
+
+  /// The same for a folder.
   virtual bool FolderExists(TextView path) = 0;
 
-  /// The file's size and time of change; nothing where there is no file, or none that can be
-  /// looked at.
+  /// The file's size and time of change; nothing where FileExists gives false.
   virtual std::optional<FileStamp> Stamp(TextView path) = 0;
 
   /// Bytes in the file.
@@ -94,7 +118,8 @@ class Files {
 
   /// Begins a file that will stand at `path`, in a folder that exists. Refuses a target that is
   /// read-only or a folder, before a byte is written. A target that is a link is followed.
-  virtual std::unique_ptr<FileReplacement> Replace(TextView path) = 0;
+  virtual std::unique_ptr<FileReplacement> Replace(TextView path, NewFile newFile) = 0;
+  std::unique_ptr<FileReplacement> Replace(TextView path) { return Replace(path, NewFile::OnDisk); }
 
   /// Makes a file of no bytes; a file that is there already stays as it is.
   virtual void MakeEmptyFile(TextView path) = 0;
@@ -109,10 +134,8 @@ class Files {
   /// Renames a file. Throws, and loses neither, when something stands at `to` already.
   virtual void Rename(TextView from, TextView to) = 0;
 
-  /// Deletes a file, or all files that match wildcards (* and ?) in the last part; throws when
-  /// there is none. Never deletes a folder or a read-only file; when one of several files is
-  /// read-only, none goes.
-  virtual void Remove(TextView pathOrPattern) = 0;
+  /// Deletes a file; throws when there is none. Never deletes a folder or a read-only file.
+  virtual void Remove(TextView path) = 0;
 
   /// Bare names of the files that match a pattern such as "*.Tarvo", sorted without regard to
   /// case. Several patterns are separated by ";". Throws when the folder can't be read. Temporary
@@ -130,11 +153,18 @@ class Files {
   /// Returns when all that was written to the file system of a folder is on the disk.
   virtual void Sync(TextView folder) = 0;
 
+  /// Takes the lock of a folder, which every program that works on it meets, be it another build or
+  /// one under Wine, and by whatever path it came. `purpose` is what the others are told meanwhile.
+  /// The lock is the hidden file ".tarvo-lock.tmp" in the folder, which goes with it. Throws where
+  /// the folder can't hold one.
+  virtual LockAttempt TryLock(TextView folder, TextView purpose) = 0;
+
   /// The drives of the machine, each as "Z:".
   virtual std::vector<Text> Drives() = 0;
 
-  /// Deletes the temporary siblings of processes of this user that have ended. Called once at the
-  /// start of a program. Throws nothing: what can't be deleted stays for the next start.
+  /// Deletes the temporary siblings and locks of processes of this user that have ended. Called
+  /// once at the start of a program. Throws nothing: what can't be deleted stays for the next
+  /// start.
   virtual void RemoveAbandoned() = 0;
 };
 

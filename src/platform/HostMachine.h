@@ -33,7 +33,7 @@ HostMachine OpenHostMachine();
 
 /// The folder where the program's data and the user's packages lie.
 struct FoundProgramFolder {
-  Text Path;                            ///< A game path without a backslash at its end.
+  Text Path;  ///< A game path without a backslash at its end; empty when it can't be told.
   std::vector<PlatformError> Failures;  ///< What keeps the data there from being complete.
 };
 

@@ -31,8 +31,8 @@ using Entries = std::map<Text, Entry>;
 using Stamps = std::map<Text, FileStamp>;
 
 bool IsPlainName(TextView name) {
-  const auto isOdd = [](char16_t unit) { return unit < u' ' || unit == u'*' || unit == u'?'; };
-  return !name.empty() && name != u"." && name != u".." && std::ranges::none_of(name, isOdd);
+  const auto isControl = [](char16_t unit) { return unit < u' '; };
+  return !name.empty() && name != u"." && name != u".." && std::ranges::none_of(name, isControl);
 }
 
 /// A path of plain names that leads into a folder, and into none of the user's.
@@ -49,21 +49,6 @@ bool IsDataPath(TextView path) {
     if (end == TextView::npos) return true;
     path.remove_prefix(end + 1);
   }
-}
-
-/// The 64-bit FNV-1a hash of a file's bytes.
-std::uint64_t HashOf(Files& files, TextView path) {
-  const auto file = files.Open(path);
-  std::vector<char> block(64 * 1024);
-  std::uint64_t hash = 0xcbf29ce484222325;
-  std::uint64_t position = 0;
-  while (const std::size_t count = file->ReadAt(position, block)) {
-    for (const char byte : std::span(block).first(count)) {
-      hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3;
-    }
-    position += count;
-  }
-  return hash;
 }
 
 std::string RecordText(const Entries& entries) {
@@ -100,7 +85,8 @@ class Copying {
     // Unless all of it was seen, nothing may count as gone.
     if (!Try([&] { ListFolders({}); })) return failures_;
     const bool isRecordKnown = Try([&] { ReadRecord(); });
-    if (isRecordKnown && IsUpToDate()) return failures_;
+    bool isUpToDate = false;
+    if (!Try([&] { isUpToDate = isRecordKnown && IsUpToDate(); }) || isUpToDate) return failures_;
     for (const auto& old : before_) {
       if (installed_.contains(old.first)) continue;
       Follow(old.first, [&] { return RemoveOld(old.first, old.second); });
@@ -108,7 +94,12 @@ class Copying {
     for (const auto& file : installed_) {
       Follow(file.first, [&] { return Refresh(file.first, file.second); });
     }
-    if (isRecordKnown && now_ != before_) Try([&] { WriteRecord(); });
+    // What the record says of a file must not reach the disk before the file.
+    const auto finish = [&] {
+      files_.Sync(target_);
+      WriteRecord();
+    };
+    if (isRecordKnown && now_ != before_) Try(finish);
     return failures_;
   }
 
@@ -138,6 +129,8 @@ class Copying {
     return found == before_.end() ? std::nullopt : std::optional(found->second);
   }
 
+  std::uint64_t HashOfFile(TextView path) { return HashOf(ReadWhole(files_, path).Bytes()); }
+
   Text Source(TextView path) const { return JoinPath(source_, path); }
   Text Target(TextView path) const { return JoinPath(target_, path); }
 
@@ -157,10 +150,7 @@ class Copying {
   void ReadRecord() {
     const Text path = Target(kInstalledRecord);
     if (!files_.FileExists(path)) return;
-    const auto file = files_.Open(path);
-    std::string text(file->Size(), '\0');
-    text.resize(file->ReadAt(0, text));
-    before_ = ParseRecord(text);
+    before_ = ParseRecord(ReadWhole(files_, path).Bytes());
   }
 
   /// A file of no bytes is what a power cut leaves of a new one.
@@ -180,9 +170,9 @@ class Copying {
   Entry Refresh(const Text& path, const FileStamp& stamp) {
     const std::optional<Entry> old = Known(path);
     const bool isNew = !old || old->Stamp != stamp;
-    const Entry entry{stamp, isNew ? HashOf(files_, Source(path)) : old->Hash};
+    const Entry entry{stamp, isNew ? HashOfFile(Source(path)) : old->Hash};
     const auto isOutdated = [&] {
-      return old && old->Hash != entry.Hash && HashOf(files_, Target(path)) == old->Hash;
+      return old && old->Hash != entry.Hash && HashOfFile(Target(path)) == old->Hash;
     };
     if (!IsThere(path, stamp) || (isNew && isOutdated())) Copy(path);
     return entry;
@@ -190,21 +180,17 @@ class Copying {
 
   std::optional<Entry> RemoveOld(const Text& path, const Entry& old) {
     const Text file = Target(path);
-    if (files_.FileExists(file) && HashOf(files_, file) == old.Hash) files_.Remove(file);
+    if (files_.FileExists(file) && HashOfFile(file) == old.Hash) files_.Remove(file);
     return {};
   }
 
   void Copy(const Text& path) {
     const Text to = Target(path);
     MakeFolders(files_, to.substr(0, to.rfind(u'\\')));
-    CopyOneFile(files_, Source(path), to);
+    CopyOneFile(files_, Source(path), to, NewFile::Later);
   }
 
-  void WriteRecord() {
-    const auto file = files_.Replace(Target(kInstalledRecord));
-    file->Write(RecordText(now_));
-    file->Commit();
-  }
+  void WriteRecord() { WriteWhole(files_, Target(kInstalledRecord), RecordText(now_)); }
 
   Files& files_;
   Text source_;

@@ -19,13 +19,15 @@ class Journal {
   /// Gives the bytes that were appended, fewer where that failed.
   virtual std::size_t Append(std::string_view bytes) = 0;
 
-  virtual std::string ReadAll() = 0;
+  /// Nothing when it can't be read to its end.
+  virtual std::optional<std::string> ReadAll() = 0;
 
   /// Deletes the file; it stays open, and is read and written no more.
   virtual void Delete() = 0;
 };
 
-/// Makes a journal, with its folder, for the user alone; nothing where that can't be.
+/// Makes a journal, with its folder, for the user alone; nothing where that can't be, or where the
+/// folder belongs to somebody else.
 std::unique_ptr<Journal> MakeJournal(const std::string& folder, const std::string& name);
 
 /// Opens the journal of a process that has ended; nothing when its owner lives, or when it is none.
@@ -36,6 +38,10 @@ std::optional<std::vector<std::string>> NamesInHostFolder(const std::string& fol
 
 /// Gives true when no such file stands there afterwards.
 bool RemoveHostFile(const std::string& folder, const std::string& name);
+
+/// Deletes the lock of a folder unless a living process holds it. Gives true when none stands there
+/// that nobody holds.
+bool RemoveAbandonedLock(const std::string& folder);
 
 /// True for a path that doesn't depend on the working folder.
 bool IsWholeHostPath(std::string_view path);

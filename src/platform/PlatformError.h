@@ -30,13 +30,23 @@ class PlatformError : public std::exception {
 constexpr int kNoSuchFile = 2;
 #ifdef _WIN32
 constexpr int kAccessDenied = 5;
+constexpr int kFileExists = 183;
 constexpr int kReadFault = 30;
 constexpr int kDiskFull = 112;
 #else
 constexpr int kAccessDenied = EACCES;
+constexpr int kFileExists = EEXIST;
 constexpr int kReadFault = EIO;
 constexpr int kDiskFull = ENOSPC;
 #endif
+
+/// True for the codes which tell that nothing stands at a path. With any other code that can't be
+/// known.
+bool SaysNothingThere(int code);
+
+/// True for the codes of a folder that is closed to this process, or whose file system lacks what
+/// was asked for: there is no use in trying again.
+bool SaysNotAllowed(int code);
 
 /// The system's own words for one of its codes; empty for a code that it doesn't know.
 Text SystemErrorText(int code);

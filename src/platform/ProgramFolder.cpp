@@ -20,9 +20,7 @@ bool IsSameFolder(Files& files, const Text& a, const Text& b) {
   return isSame;
 }
 
-}  // namespace
-
-FoundProgramFolder OpenProgramFolderAt(Files& files, const ProgramPlaces& places) {
+FoundProgramFolder FindFolder(Files& files, const ProgramPlaces& places) {
   const bool isInstalled = !HoldsData(files, places.Own) && HoldsData(files, places.Installed);
   if (!isInstalled && CanWriteIn(places.Own)) return {places.Own, {}};
   const Text& source = isInstalled ? places.Installed : places.Own;
@@ -41,10 +39,23 @@ FoundProgramFolder OpenProgramFolderAt(Files& files, const ProgramPlaces& places
   return found;
 }
 
+}  // namespace
+
+/// Where one of the places can't be looked at nobody knows which is the one: the user's packages
+/// must not go to the wrong one.
+FoundProgramFolder OpenProgramFolderAt(Files& files, const ProgramPlaces& places) {
+  try {
+    return FindFolder(files, places);
+  } catch (const PlatformError& error) {
+    return {{}, {error}};
+  }
+}
+
 Text FailureWords(const FoundProgramFolder& found) {
   if (found.Failures.empty()) return {};
-  Text words =
-      u"The program's own files couldn't be brought up to date. " + Words(found.Failures.front());
+  Text words = found.Path.empty() ? u"The program folder couldn't be found. "
+                                  : u"The program's own files couldn't be brought up to date. ";
+  words += Words(found.Failures.front());
   if (const std::size_t more = found.Failures.size() - 1) {
     const std::string count = std::to_string(more);
     words += u" (and " + Text(count.begin(), count.end()) + u" more)";

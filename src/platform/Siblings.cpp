@@ -68,10 +68,11 @@ bool RemoveSiblings(const std::string& folder, const std::string& token) {
 
 }  // namespace
 
-Siblings::Siblings(std::string journalFolder)
-    : journalFolder_(std::move(journalFolder)),
-      token_(NewToken()),
-      hasJournal_(!journalFolder_.empty()) {}
+Siblings::Siblings(std::vector<std::string> journalFolders)
+    : journalFolders_(std::move(journalFolders)), token_(NewToken()) {
+  std::erase(journalFolders_, std::string());
+  hasJournal_ = !journalFolders_.empty();
+}
 
 Siblings::~Siblings() {
   if (journal_ && left_ == 0) journal_->Delete();
@@ -87,9 +88,21 @@ std::string Siblings::Next(const std::string& folder) {
   return std::string(kPrefix) + token_ + '-' + std::to_string(++lastNumber_) + std::string(kSuffix);
 }
 
+void Siblings::NoteLock(const std::string& folder) {
+  if (hasJournal_ && !noted_.contains(folder)) Note(folder);
+  ++left_;
+}
+
+void Siblings::MakeJournal() {
+  for (const std::string& folder : journalFolders_) {
+    journal_ = tarvo::MakeJournal(folder, token_ + std::string(kJournalSuffix));
+    if (journal_) return;
+  }
+  hasJournal_ = false;
+}
+
 void Siblings::Note(const std::string& folder) {
-  if (!journal_) journal_ = MakeJournal(journalFolder_, token_ + std::string(kJournalSuffix));
-  hasJournal_ = journal_ != nullptr;
+  if (!journal_) MakeJournal();
   if (!hasJournal_) return;
   const std::string line = Line(folder);
   const std::size_t written = journal_->Append(line);
@@ -102,17 +115,23 @@ void Siblings::Note(const std::string& folder) {
 }
 
 void Siblings::RemoveAbandoned() const {
-  if (journalFolder_.empty()) return;
-  const auto names = NamesInHostFolder(journalFolder_);
+  for (const std::string& folder : journalFolders_) RemoveAbandonedIn(folder);
+}
+
+void Siblings::RemoveAbandonedIn(const std::string& journalFolder) const {
+  const auto names = NamesInHostFolder(journalFolder);
   if (!names) return;
   for (const std::string& name : *names) {
     if (!name.ends_with(kJournalSuffix)) continue;
-    const auto journal = TakeAbandonedJournal(journalFolder_, name);
+    const auto journal = TakeAbandonedJournal(journalFolder, name);
     if (!journal) continue;
+    const std::optional<std::string> text = journal->ReadAll();
+    if (!text) continue;
     const std::string token = name.substr(0, name.size() - kJournalSuffix.size());
-    const std::vector<std::string> folders = FoldersOf(journal->ReadAll());
+    const std::vector<std::string> folders = FoldersOf(*text);
     const auto left = std::count_if(folders.begin(), folders.end(), [&](const std::string& folder) {
-      return !RemoveSiblings(folder, token);
+      const bool hasLock = !RemoveAbandonedLock(folder);
+      return !RemoveSiblings(folder, token) || hasLock;
     });
     if (left == 0) journal->Delete();
   }

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <thread>
 
 namespace tarvo {
 
@@ -16,6 +17,10 @@ void SystemClock::Randomize() {
 double SystemClock::Random() {
   constexpr double kNumbers = 4294967296.0;
   return random_() / kNumbers;
+}
+
+void SystemClock::Pause(int milliseconds) {
+  std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }
 
 }  // namespace tarvo

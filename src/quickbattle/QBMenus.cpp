@@ -16,13 +16,12 @@ bool PluginIsInMenu(FileTextView plugin, TextView caption) {
   return !search.empty() && plugin.find(search) != FileTextView::npos;
 }
 
-bool GroupLineHolds(FileTextView plugin, TextView menuName) {
+FileTextView GroupLine(FileTextView plugin) {
   FieldReader fields(plugin);
   while (const auto field = fields.Next()) {
-    if (!field->starts_with("menuGroup")) continue;
-    return field->find(FileTextFromText(menuName)) != FileTextView::npos;
+    if (field->starts_with("menuGroup")) return *field;
   }
-  return false;
+  return {};
 }
 
 }  // namespace tarvo

@@ -21,8 +21,8 @@ Text QBMenuSearchText(TextView caption);
 /// menus. No ship is in a menu without a caption.
 bool PluginIsInMenu(FileTextView plugin, TextView caption);
 
-/// True when the group line of the ship plug-in, its first field that begins with "menuGroup",
-/// holds `menuName`.
-bool GroupLineHolds(FileTextView plugin, TextView menuName);
+/// The group line of a ship plug-in: its first field that begins with "menuGroup"; empty when it
+/// has none. The menu that it names is the one that the ship is moved from.
+FileTextView GroupLine(FileTextView plugin);
 
 }  // namespace tarvo

@@ -24,7 +24,9 @@ Text SysInfoTool(Application& app) {
   tool = GetKeyValue(app, u"SOFTWARE\\Microsoft\\Shared Tools Location", u"MSINFO");
   if (tool.empty()) return {};
   tool += u"\\MSINFO32.EXE";
-  return app.machine.files.FileExists(tool) ? tool : Text();
+  bool stands = false;
+  Guarded([&] { stands = app.machine.files.FileExists(tool); });
+  return stands ? tool : Text();
 }
 
 }  // namespace

@@ -21,6 +21,7 @@ class frmMain : public Form, public Shell {
   Timer Timer_Buffer{this, 2000};  ///< Lets the assistant's waiting messages follow.
 
   void ShowStatus(TextView text) override;
+  void TellAside(TextView text) override { ShowStatus(text); }
   void ShowMainMenu() override;
   void ShowOptions() override;
   void SettleGame() override;

@@ -129,7 +129,8 @@ void frmOptions::Connect() {
 
 void frmOptions::ShowFolder() {
   const Text folder = lstDir.ListedFolder();
-  const bool holdsGame = app_.machine.files.FileExists(folder + Text(kGameFile));
+  bool holdsGame = false;
+  Guarded([&] { holdsGame = app_.machine.files.FileExists(folder + Text(kGameFile)); });
   lblHolds.Caption =
       holdsGame ? u"The game is in this folder:" : u"The game is not in this folder:";
   lblHolds.ForeColour = holdsGame ? palette::kBlue : palette::kOrange;

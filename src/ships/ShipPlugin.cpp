@@ -165,7 +165,8 @@ FileText ShipPluginText(const ShipPlugin& plugin, TextView raceWord, TextView sh
   return FileTextFromText(lines.All());
 }
 
-FileText ShipScriptText(FileTextView pattern, TextView ship) {
+FileText ShipScriptText(const WholeText& whole, TextView ship) {
+  const FileTextView pattern = whole.Bytes();
   const FileText sought = FileTextFromText(kTemplateShip);
   const FileText name = FileTextFromText(ship);
   FileText script;

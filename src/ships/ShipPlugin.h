@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "text/Text.h"
+#include "text/WholeText.h"
 
 namespace tarvo {
 
@@ -40,6 +40,6 @@ FileText ShipPluginText(const ShipPlugin& plugin, TextView raceWord, TextView sh
 ShipPlugin ReadShipPlugin(FileTextView text);
 
 /// The script of a ship, made from a template that is the script of the ship "Galaxy".
-FileText ShipScriptText(FileTextView pattern, TextView ship);
+FileText ShipScriptText(const WholeText& pattern, TextView ship);
 
 }  // namespace tarvo

@@ -1,4 +1,4 @@
-#include "platform/Guarded.h"
+#include "platform/FileCopies.h"
 #include "platform/Sound.h"
 #include "shiptgl/PluginPatch.h"
 #include "shiptgl/UpdateGameTGL.h"
@@ -22,7 +22,6 @@ Text ShipOf(const Text& fileName) {
 }  // namespace
 
 void frmTGLTools::UpdateShipTGLs() {
-  BeginCommand();
   UnpatchedPlugins.clear();
   std::vector<Text> merged;
   std::int64_t selected = 0;
@@ -59,14 +58,16 @@ void frmTGLTools::ShowMerged(const std::vector<Text>& definitions) {
 /// A plug-in that another tool made, or that is gone, stays as it is.
 void frmTGLTools::PatchPlugin(const Text& ship) {
   const Text path = app_.State.GamePath + u"\\scripts\\Custom\\Ships\\" + ship + u".py";
-  if (CheckFile(app_, path) != kFileOk) return;
-  const FileText plugin = LookAtFile(app_, path);
-  const std::optional<FileText> patched = PatchForTGL(plugin, FileTextFromText(ship));
-  if (!patched) {
-    UnpatchedPlugins.push_back(ship + u".py");
-  } else if (*patched != plugin) {
-    WriteFileText(app_, path, *patched);
-  }
+  NotingFailures(app_, [&] {
+    if (!app_.machine.files.FileExists(path)) return;
+    const WholeText plugin = ReadWhole(app_.machine.files, path);
+    const std::optional<FileText> patched = PatchForTGL(plugin, FileTextFromText(ship));
+    if (!patched) {
+      UnpatchedPlugins.push_back(ship + u".py");
+    } else if (*patched != plugin.Bytes()) {
+      WriteFileText(app_, path, *patched);
+    }
+  });
 }
 
 void frmTGLTools::lblUpdateGame_Click() {

@@ -23,7 +23,8 @@ FileText Head(FileTextView plugin, std::size_t marker) {
 
 }  // namespace
 
-std::optional<FileText> PatchForTGL(FileTextView plugin, FileTextView ship) {
+std::optional<FileText> PatchForTGL(const WholeText& whole, FileTextView ship) {
+  const FileTextView plugin = whole.Bytes();
   const std::size_t marker = plugin.find(kMarker);
   if (marker == FileTextView::npos) return {};
   const std::size_t description = plugin.find(kDescription);

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "text/Text.h"
+#include "text/WholeText.h"
 
 namespace tarvo {
 
@@ -12,6 +12,6 @@ namespace tarvo {
 ///
 /// Nothing where the plug-in lacks the row "# Uncomment these if you have TGL" or, behind that, a
 /// description.
-std::optional<FileText> PatchForTGL(FileTextView plugin, FileTextView ship);
+std::optional<FileText> PatchForTGL(const WholeText& plugin, FileTextView ship);
 
 }  // namespace tarvo

@@ -2,7 +2,6 @@
 #include <set>
 
 #include "platform/Files.h"
-#include "platform/Guarded.h"
 #include "platform/Sound.h"
 #include "platform/Windows.h"
 #include "shiptgl/frmTGLTools.h"
@@ -57,11 +56,15 @@ bool frmTGLTools::SaveShipTGL() {
         BoxIcon::Critical);
     return false;
   }
-  FileList.Reload();
-  File2.Reload();
+  ReadListsAnew();
   DropDefinedShips();
   app_.dialogue.PacMsg(u"Ship TGL Definition has been Saved!", Title::Information);
   return true;
+}
+
+void frmTGLTools::ReadListsAnew() {
+  NotingFailures(app_, [&] { FileList.Reload(); });
+  NotingFailures(app_, [&] { File2.Reload(); });
 }
 
 void frmTGLTools::lblEdit_Click() {
@@ -122,8 +125,7 @@ void frmTGLTools::DeleteShipTGL() {
   if (!NotingFailures(app_, [&] { app_.machine.files.Remove(path); })) {
     return keep(Title::Critical);
   }
-  FileList.Reload();
-  File2.Reload();
+  ReadListsAnew();
   ResetFields();
   FillShipNames();
   DropDefinedShips();
@@ -135,7 +137,7 @@ void frmTGLTools::FillShipNames() {
   const Text line = cboShipNames.Text();
   cboShipNames.Clear();
   cboShipNames.SetText(line);
-  Guarded([&] { FileList1.SetPath(app_.State.GamePath + u"\\scripts\\Custom\\Ships\\"); });
+  ShowFolder(FileList1, app_.State.GamePath + u"\\scripts\\Custom\\Ships\\");
   for (std::size_t row = 0; row < FileList1.Count(); ++row) {
     const Text ship = ShipOfPlugin(FileList1.Item(row));
     if (ship != u"__init__" && !ship.empty()) cboShipNames.Add(ship);

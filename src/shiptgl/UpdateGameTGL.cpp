@@ -1,6 +1,7 @@
 #include "shiptgl/UpdateGameTGL.h"
 
 #include "shiptgl/ShipDefinition.h"
+#include "state/ChangeTogether.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
 #include "tgl/TGLFile.h"
@@ -22,7 +23,8 @@ void Add(TGLStrings& strings, const TGLString& string) {
 class Merge {
  public:
   Merge(Application& app, const Text& ship)
-      : definition_(app.machine.files),
+      : app_(app),
+        definition_(app.machine.files),
         ships_(app.machine.files),
         quickBattle_(app.machine.files),
         ship_(ship) {
@@ -40,8 +42,7 @@ class Merge {
     Add(ships_.Strings(), strings.Name);
     Add(ships_.Strings(), strings.Description);
     Add(quickBattle_.Strings(), strings.QuickBattle);
-    Write(ships_);
-    Write(quickBattle_);
+    ChangeTogether(app_, {ChangeOf(ships_), ChangeOf(quickBattle_)});
   }
 
  private:
@@ -50,15 +51,18 @@ class Merge {
     return file;
   }
 
-  void Write(TGLFile& file) { On(file).Update(file.Filename(), true); }
+  FileChange ChangeOf(TGLFile& file) { return {file.Filename(), On(file).Bytes()}; }
 
+  /// A string of Quick Battle that is missing, as it was after a merge that was cut short, is none
+  /// to be removed.
   void Remove(const GameStrings& strings) {
     On(ships_).Strings().Remove(strings.Name.Name);
     ships_.Strings().Remove(strings.Description.Name);
-    if (!quickBattle_.Strings().Lookup(strings.QuickBattle.Name)) Write(ships_);
-    On(quickBattle_).Strings().Remove(strings.QuickBattle.Name);
+    TGLStrings& quickBattle = On(quickBattle_).Strings();
+    if (quickBattle.Lookup(strings.QuickBattle.Name)) quickBattle.Remove(strings.QuickBattle.Name);
   }
 
+  Application& app_;
   TGLFile definition_, ships_, quickBattle_;
   Text ship_;
 };
@@ -75,16 +79,22 @@ GameStrings GameStringsOf(const TGLStrings& definition, const Text& ship) {
 
 bool UpdateGameTGL(Application& app, const Text& ship) {
   Merge merge(app, ship);
+  const auto tell = [&] {
+    app.dialogue.PacMsg(u"Your " + ship + u".TGL file is not Valid with " + app.State.AppVersion +
+                            u", Please make a new one!",
+                        Title::Critical);
+  };
   try {
     merge.Run();
     return true;
   } catch (const RaisedError& error) {
-    app.dialogue.PacMsg(u"Your " + ship + u".TGL file is not Valid with " + app.State.AppVersion +
-                            u", Please make a new one!",
-                        Title::Critical);
+    tell();
     NoteFailure(app, error, merge.atWork->Filename());
-    return false;
+  } catch (const PlatformError& error) {
+    tell();
+    NoteFailure(app, error);
   }
+  return false;
 }
 
 }  // namespace tarvo

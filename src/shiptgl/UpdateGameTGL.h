@@ -16,14 +16,13 @@ struct GameStrings {
 GameStrings GameStringsOf(const TGLStrings& definition, const Text& ship);
 
 /// Merges a ship's definition into the game: `\data\TGL\Ships.TGL` first, then
-/// `\data\TGL\QuickBattle\QuickBattle.TGL`, each written once, by the safe update. Strings that the
-/// game has of the ship give way to those of the definition; a ship is taken for known when its
-/// name stands in Ships.TGL.
+/// `\data\TGL\QuickBattle\QuickBattle.TGL`, each written once, both or none. Strings that the game
+/// has of the ship give way to those of the definition; a ship is taken for known when its name
+/// stands in Ships.TGL.
 ///
 /// What goes wrong is told in a message, and noted with the file at fault; the result is then
 /// false. Nothing is written when one of the three files can't be loaded or the definition is
-/// incomplete. A known ship without a string in QuickBattle.TGL is taken out of Ships.TGL, with the
-/// message, so that the next merge brings it in whole.
+/// incomplete. To be called with the game locked.
 bool UpdateGameTGL(Application& app, const Text& ship);
 
 }  // namespace tarvo

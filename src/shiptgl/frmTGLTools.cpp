@@ -1,8 +1,8 @@
 #include "shiptgl/frmTGLTools.h"
 
-#include "platform/Guarded.h"
 #include "platform/Sound.h"
 #include "state/CommonUtilities.h"
+#include "state/GameLock.h"
 #include "state/Shell.h"
 
 namespace tarvo {
@@ -33,13 +33,20 @@ void frmTGLTools::Load() {
   Move(1180, 1740, 6900, 0);
   Skin.Load();
   const Text definitions = app_.ProgramFolder + u"\\ShipTGLs\\";
-  Guarded([&] { FileList.SetPath(definitions); });
-  Guarded([&] { File2.SetPath(definitions); });
+  lblNewTGL_Click();
+  ShowFolder(FileList, definitions);
+  ShowFolder(File2, definitions);
   FillShipNames();
   DropDefinedShips();
-  lblNewTGL_Click();
   LoadVideo();
   app_.State.CurrentScreen = u"TGL Tools";
+}
+
+/// Shows the files of a folder. One that isn't there has none; one that can't be read is noted.
+void frmTGLTools::ShowFolder(FileListBox& list, const Text& folder) {
+  NotingFailures(app_, [&] {
+    if (app_.machine.files.FolderExists(folder)) list.SetPath(folder);
+  });
 }
 
 void frmTGLTools::Unload() {
@@ -88,8 +95,14 @@ void frmTGLTools::Connect() {
   lblNew.OnClick = [this] { SaveShipTGL(); };
   lblEdit.OnClick = [this] { lblEdit_Click(); };
   lblDelete.OnClick = [this] { DeleteShipTGL(); };
-  lblUpdateGame.OnClick = [this] { lblUpdateGame_Click(); };
-  lblUpdateAllGameTGL.OnClick = [this] { lblUpdateAllGameTGL_Click(); };
+  const auto locked = [this](Button& button, void (frmTGLTools::*routine)()) {
+    button.OnClick = [this, &button, routine] {
+      BeginCommand();
+      LockingGame(app_, button.Caption.Get(), [&] { (this->*routine)(); });
+    };
+  };
+  locked(lblUpdateGame, &frmTGLTools::lblUpdateGame_Click);
+  locked(lblUpdateAllGameTGL, &frmTGLTools::lblUpdateAllGameTGL_Click);
   lblExit.OnClick = leave;
   lblExit1.OnClick = leave;
   Load_Timer.OnTimer = [this] { Unroll(*this, Load_Timer, 5055); };

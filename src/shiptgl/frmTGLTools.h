@@ -130,6 +130,8 @@ class frmTGLTools : public Form {
   void EnableFields(bool enabled);
   void PickDefinition();
   void BeginCommand();
+  void ShowFolder(FileListBox& list, const Text& folder);
+  void ReadListsAnew();
   void PatchPlugin(const Text& ship);
   void ShowMerged(const std::vector<Text>& definitions);
   void Select(bool selected);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <vector>
 
 #include "controls/Screens.h"
@@ -65,6 +66,14 @@ class Application {
 
   /// What the user must hear of beside the messages, since the last command began.
   std::vector<Failure> Failures;
+
+  /// What other programs are told of who works on the game; empty for the desktop program, which
+  /// names itself and the command.
+  Text Caller;
+
+  /// The locks of the command that runs, for those that run inside of it; see GameLock.h.
+  std::weak_ptr<void> HeldLocks;
+  bool ToldOfNoLock = false;  ///< The user knows that a folder can't be locked.
 
   /// The last member: the forms that still stand at the end let go of the ones above.
   Screens screens;

@@ -35,15 +35,18 @@ class FolderCopy {
       if (EqualIgnoringCase(JoinPath(to, name), last_)) {
         lastSource_ = JoinPath(from, name);
       } else {
-        Try([&] { CopyOneFile(files, JoinPath(from, name), JoinPath(to, name)); });
+        Try([&] { CopyOneFile(files, JoinPath(from, name), JoinPath(to, name), NewFile::Later); });
       }
     }
     for (const Text& name : folders) CopyTree(JoinPath(from, name), JoinPath(to, name));
   }
 
-  void Finish() {
+  /// Brings it all to the disk, and then the last file.
+  void Finish(const Text& to) {
+    Files& files = app_.machine.files;
+    Try([&] { files.Sync(to); });
     if (!complete_ || lastSource_.empty()) return;
-    Try([&] { CopyOneFile(app_.machine.files, lastSource_, last_); });
+    Try([&] { CopyOneFile(files, lastSource_, last_, NewFile::OnDisk); });
   }
 
  private:
@@ -57,23 +60,6 @@ class FolderCopy {
   Text lastSource_;
   bool complete_ = true;
 };
-
-/// Appends the next chunk of the file to `text`; false at its end.
-bool ReadChunk(FileReader& file, std::uint32_t chunkSize, FileText& text) {
-  const std::size_t before = text.size();
-  const std::uint64_t left = file.Size() - std::min<std::uint64_t>(file.Size(), before);
-  const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(chunkSize, left));
-  text.resize(before + wanted);
-  std::size_t got = 0;
-  try {
-    got = file.ReadAt(before, std::span(text).subspan(before));
-  } catch (const PlatformError&) {
-    text.resize(before);
-    throw;
-  }
-  text.resize(before + got);
-  return got > 0;
-}
 
 /// `text` with a blank in place of each line break.
 Text OneLine(Text text) {
@@ -89,36 +75,12 @@ Text WordsOf(const RaisedError& error) {
   return words + u" (" + system + u")";
 }
 
-void Note(Application& app, Failure failure) {
-  app.Failures.push_back(std::move(failure));
-  Text line = app.Failures.front().Words;
-  const std::size_t more = app.Failures.size() - 1;
-  if (more > 0) line += u" (and " + TextFromUtf8(std::to_string(more)) + u" more)";
-  app.shell->ShowStatus(line);
-}
-
-/// Reads as much of the file as can be read, driving the bar of CurrentScreen; `failure` becomes
-/// what the machine ended it with. Changes nothing on the disk.
-FileText ReadWhatCanBe(Application& app, TextView path, std::optional<PlatformError>& failure) {
-  FileText text;
-  Guarded([&] {
-    try {
-      const auto file = app.machine.files.Open(path);
-      ReadProgress progress(app, file->Size());
-      const std::uint32_t chunk = std::max(1u, app.State.ReadChunkSize);
-      while (ReadChunk(*file, chunk, text) && progress.Advance()) {
-      }
-    } catch (const PlatformError& error) {
-      failure = error;
-    }
-  });
-  return text;
-}
-
 }  // namespace
 
 TextView CheckFile(Application& app, TextView path) {
-  if (app.machine.files.FileExists(path)) return kFileOk;
+  bool stands = false;
+  NotingFailures(app, [&] { stands = app.machine.files.FileExists(path); });
+  if (stands) return kFileOk;
   ++app.State.MissingFileCount;
   return kFileMissing;
 }
@@ -140,53 +102,42 @@ void CopyFolders(Application& app, TextView source, TextView destination, TextVi
       if (!MatchesPattern(name, pattern)) continue;
       copy.CopyTree(JoinPath(parent, name), JoinPath(destination, name));
     }
-    copy.Finish();
+    copy.Finish(Text(destination));
   });
 }
 
-FileText ReadFileText(Application& app, TextView path) {
-  Files& files = app.machine.files;
-  const bool hasBar = HasReadBar(app);
-  if (!hasBar && !files.FileExists(path)) Guarded([&] { files.MakeEmptyFile(path); });
-  std::optional<PlatformError> failure;
-  FileText text = ReadWhatCanBe(app, path, failure);
-  // A bar refuses a file of no bytes.
-  if (hasBar && text.empty() && !failure) {
-    Guarded([&] {
-      if (files.FileSize(path) == 0) files.Remove(path);
-    });
+FileText ReadFileText(Application& app, const Text& path) {
+  FileText text;
+  NotingFailures(app, [&] {
+    const auto stamp = app.machine.files.Stamp(path);
+    if (stamp) text = ReadFollowed(app, path, *stamp);
+  });
+  return text;
+}
+
+FileText ReadFollowed(Application& app, const Text& path, const FileStamp& stamp) {
+  if (stamp.Size == 0) return {};
+  const auto file = app.machine.files.Open(path);
+  FileText text(file->Size(), '\0');
+  std::optional<ReadProgress> progress;
+  Guarded([&] { progress.emplace(app, file->Size()); });
+  const std::size_t chunk = std::max(1u, app.State.ReadChunkSize);
+  for (std::size_t at = 0; at < text.size(); at += chunk) {
+    const auto block = std::span(text).subspan(at, std::min(chunk, text.size() - at));
+    if (file->ReadAt(at, block) != block.size()) throw PlatformError(u"read", path, kReadFault);
+    if (progress) progress->Advance();
   }
   return text;
 }
 
-FileText LookAtFile(Application& app, const Text& path) {
-  return LookAtFile(app, path, app.machine.files.Stamp(path));
-}
-
-FileText LookAtFile(Application& app, const Text& path, const std::optional<FileStamp>& stamp) {
-  if (!stamp || stamp->Size == 0) return {};
-  std::optional<PlatformError> failure;
-  FileText text = ReadWhatCanBe(app, path, failure);
-  if (failure) NoteFailure(app, *failure);
-  return text;
-}
-
-FileText LookAtHead(Application& app, const Text& path, std::size_t bytes) {
-  FileText text(bytes, '\0');
-  std::size_t got = 0;
-  NotingFailures(app, [&] { got = app.machine.files.Open(path)->ReadAt(0, std::span(text)); });
-  text.resize(got);
-  return text;
-}
-
-void WriteFileText(Application& app, TextView path, FileTextView text) {
-  if (text.empty()) return;
+bool WriteFileText(Application& app, TextView path, FileTextView text) {
+  if (text.empty()) return true;
   try {
-    const auto file = app.machine.files.Replace(path);
-    file->Write(text);
-    file->Commit();
+    WriteWhole(app.machine.files, path, text);
+    return true;
   } catch (const PlatformError& error) {
     TellCantWrite(app, path, error);
+    return false;
   }
 }
 
@@ -205,16 +156,29 @@ void PlayEffect(Application& app, TextView name, unsigned flags) {
   PlaySoundFX(app, app.ProgramFolder + u"\\Sfx\\" + Text(name), flags);
 }
 
+void ShowFailures(Application& app) {
+  if (app.Failures.empty()) return;
+  Text line = app.Failures.front().Words;
+  const std::size_t more = app.Failures.size() - 1;
+  if (more > 0) line += u" (and " + TextFromUtf8(std::to_string(more)) + u" more)";
+  app.shell->ShowStatus(line);
+}
+
+void NoteFailure(Application& app, Failure failure) {
+  app.Failures.push_back(std::move(failure));
+  ShowFailures(app);
+}
+
 void NoteFailure(Application& app, const PlatformError& error) {
-  Note(app, {Words(error), true});
+  NoteFailure(app, Failure{Words(error), true});
 }
 
 void NoteFailure(Application& app, const RaisedError& error) {
-  Note(app, {WordsOf(error), error.SystemCode != 0});
+  NoteFailure(app, Failure{WordsOf(error), error.SystemCode != 0});
 }
 
 void NoteFailure(Application& app, const RaisedError& error, TextView file) {
-  Note(app, {Text(file) + u": " + WordsOf(error), error.SystemCode != 0});
+  NoteFailure(app, Failure{Text(file) + u": " + WordsOf(error), error.SystemCode != 0});
 }
 
 Text helper_TrimNull(TextView text) {

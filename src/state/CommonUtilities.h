@@ -19,6 +19,8 @@ inline constexpr TextView kFileOk = u"--> OK!";
 inline constexpr TextView kFileMissing = u"--> ERROR:  Missing File!!!";
 
 /// Tells whether a file is there. A folder counts as missing; a miss adds 1 to MissingFileCount.
+/// What can't be looked at is noted, and counts as a miss here: a routine that changes something on
+/// the ground of the answer asks Files itself.
 TextView CheckFile(Application& app, TextView path);
 
 /// Clears the file's attributes, the read-only mark among them. A failure ends it quietly.
@@ -27,29 +29,23 @@ void ClearReadOnly(Application& app, TextView path);
 /// Copies the folders in `source`, with all that is below them, into `destination`; existing files
 /// are overwritten. `source` may end in a wildcard, which picks folders: "…\Foundation\*". A file
 /// that can't be copied is noted, and the others are. `last`, a path below `destination`, is copied
-/// when all others have been, and only then.
+/// when all others have been and are on the disk, and only then.
 void CopyFolders(Application& app, TextView source, TextView destination, TextView last = {});
 
-/// Gives the whole file, and drives the progress bar of CurrentScreen in steps of ReadChunkSize.
-/// Silent on every failure: what was read until then is the result. A missing file gives an empty
-/// text; where CurrentScreen has no bar it then exists, with no bytes, and where there is a bar a
-/// file of no bytes is deleted.
-FileText ReadFileText(Application& app, TextView path);
+/// Gives the whole file to a routine that only looks, and drives the progress bar of CurrentScreen
+/// in steps of ReadChunkSize. A missing file, or one of no bytes, is an empty text and stays as it
+/// is. One that can't be read to its end is noted, and an empty text as well: what is to be written
+/// back is read by ReadWhole.
+FileText ReadFileText(Application& app, const Text& path);
 
-/// ReadFileText for a routine that only looks: a missing file, or one of no bytes, is an empty text
-/// and stays as it is. A file that can't be read to its end is noted.
-FileText LookAtFile(Application& app, const Text& path);
+/// The same for a caller who has the file's stamp and sees to failures himself. Throws
+/// PlatformError.
+FileText ReadFollowed(Application& app, const Text& path, const FileStamp& stamp);
 
-/// The same for a caller who has the file's stamp, or nothing where there is no file.
-FileText LookAtFile(Application& app, const Text& path, const std::optional<FileStamp>& stamp);
-
-/// The first `bytes` of a file that has at least as many; fewer, and noted, when they can't be
-/// read. No bar follows.
-FileText LookAtHead(Application& app, const Text& path, std::size_t bytes);
-
-/// Makes `text` the file's bytes, by atomic replacement. An empty text changes nothing. A failure
-/// is told in a message box and noted; the file then stands as it was.
-void WriteFileText(Application& app, TextView path, FileTextView text);
+/// Makes `text` the file's bytes, by atomic replacement; a new file is on the disk as well. An
+/// empty text changes nothing. A failure is told in a message box and noted; the file then stands
+/// as it was, and the result is false.
+bool WriteFileText(Application& app, TextView path, FileTextView text);
 
 /// What WriteFileText does when it can't write, for routines that write a file piece by piece.
 void TellCantWrite(Application& app, TextView path, const PlatformError& error);
@@ -62,11 +58,15 @@ void PlayEffect(Application& app, TextView name, unsigned flags);
 
 /// Notes a failure of the current command: the status line tells the first one, and how many more
 /// there are.
+void NoteFailure(Application& app, Failure failure);
 void NoteFailure(Application& app, const PlatformError& error);
 void NoteFailure(Application& app, const RaisedError& error);
 
 /// The same with the file at fault, where the error's own words don't name it.
 void NoteFailure(Application& app, const RaisedError& error, TextView file);
+
+/// Puts them into the status line again, where something else was told since.
+void ShowFailures(Application& app);
 
 /// Runs one step of a command; a raised error or a failure of the platform ends it and is noted.
 /// Gives true when the step ran to its end.

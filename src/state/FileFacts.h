@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <span>
 #include <unordered_map>
 #include <utility>
 
@@ -11,7 +12,7 @@
 namespace tarvo {
 
 /// What a routine learns from the texts of files. A file is read once, and again only when its size
-/// or its time of change is another one, or when it couldn't be read to its end, which is noted.
+/// or its time of change is another one.
 template <class Facts>
 class FileFacts {
  public:
@@ -25,16 +26,17 @@ class FileFacts {
       : app_(app), learn_(std::move(learn)), enough_(std::move(enough)) {}
 
   /// The facts of the file; those of an empty text where there is none. Valid until the next call.
+  /// Throws PlatformError for a file that can't be looked at or read to its end: there are no facts
+  /// then, and the next call tries again.
   const Facts& Of(const Text& path) {
     const std::optional<FileStamp> stamp = app_.machine.files.Stamp(path);
-    const auto [place, isNew] = learnt_.try_emplace(path);
-    Learnt& learnt = place->second;
-    if (isNew || learnt.stamp != stamp) {
-      learnt.stamp = stamp;
-      if (!LearnFromHead(path, learnt)) LearnFromAll(path, learnt);
-    }
-    return learnt.facts;
+    const auto known = learnt_.find(path);
+    if (known != learnt_.end() && known->second.stamp == stamp) return known->second.facts;
+    Learnt learnt{stamp, stamp ? LearnFrom(path, *stamp) : learn_({})};
+    return learnt_.insert_or_assign(path, std::move(learnt)).first->second.facts;
   }
+
+  void Forget() { learnt_.clear(); }
 
  private:
   struct Learnt {
@@ -44,18 +46,13 @@ class FileFacts {
 
   static constexpr std::size_t kHead = 4096;
 
-  bool LearnFromHead(const Text& path, Learnt& learnt) {
-    if (!enough_ || !learnt.stamp || learnt.stamp->Size <= kHead) return false;
-    const FileText head = LookAtHead(app_, path, kHead);
-    if (!enough_(head)) return false;
-    learnt.facts = learn_(head);
-    return true;
-  }
-
-  void LearnFromAll(const Text& path, Learnt& learnt) {
-    const FileText text = LookAtFile(app_, path, learnt.stamp);
-    learnt.facts = learn_(text);
-    if (learnt.stamp && text.size() < learnt.stamp->Size) learnt.stamp.reset();
+  Facts LearnFrom(const Text& path, const FileStamp& stamp) {
+    if (enough_ && stamp.Size > kHead) {
+      FileText head(kHead, '\0');
+      head.resize(app_.machine.files.Open(path)->ReadAt(0, std::span(head)));
+      if (enough_(head)) return learn_(head);
+    }
+    return learn_(ReadFollowed(app_, path, stamp));
   }
 
   Application& app_;

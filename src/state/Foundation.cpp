@@ -1,10 +1,10 @@
 #include "state/Foundation.h"
 
 #include "platform/Files.h"
-#include "platform/Guarded.h"
 #include "platform/Sound.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
+#include "state/GameLock.h"
 #include "state/Shell.h"
 
 namespace tarvo {
@@ -47,20 +47,27 @@ void CheckCopyStands(Application& app, const Text& copy) {
 void PrepareScript(Application& app, const Text& copy, TextView script) {
   Files& files = app.machine.files;
   const Text name = app.State.GamePath + Text(script);
-  const bool comes = files.FileExists(copy + Text(script) + u".py");
+  const Text compiled = name + u".pyc";
   ClearReadOnly(app, name + u".py");
-  if (comes || files.FileExists(name + u".py")) Guarded([&] { files.Remove(name + u".pyc"); });
+  NotingFailures(app, [&] {
+    const bool comes = files.FileExists(copy + Text(script) + u".py");
+    if (!comes && !files.FileExists(name + u".py")) return;
+    if (files.FileExists(compiled)) files.Remove(compiled);
+  });
 }
 
 }  // namespace
 
 void TestFoundation(Application& app) {
-  if (CheckFile(app, app.State.GamePath + Text(kMarker)) == kFileOk) return;
+  bool isMissing = false;
+  NotingFailures(
+      app, [&] { isMissing = !app.machine.files.FileExists(app.State.GamePath + Text(kMarker)); });
+  if (!isMissing) return;
   PlayEffect(app, u"CriticalError.wav", kPlayToEnd);
   app.dialogue.PacMsg(u"The Newest Foundation System is not installed!!!", Title::Critical);
   PlayEffect(app, u"Question.wav", kPlay);
   if (app.dialogue.PacInput(u"Install Foundation Now?", Title::Question) == u"Yes") {
-    InstallFoundation(app);
+    LockingGame(app, u"Install Foundation", [&] { InstallFoundation(app); });
     app.dialogue.PacMsg(u"Foundation System has been installed!!!", Title::Information);
   } else {
     app.dialogue.PacMsg(u"OK Then, Please Select a Copy of BC that has Foundation Installed",

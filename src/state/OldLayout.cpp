@@ -8,6 +8,7 @@
 #include "platform/Windows.h"
 #include "state/CommonUtilities.h"
 #include "state/Foundation.h"
+#include "state/GameLock.h"
 #include "text/LetterCase.h"
 #include "text/Paths.h"
 #include "text/Utf8.h"
@@ -114,7 +115,7 @@ class Upgrade {
       Keep(to, below);
       ClearReadOnly(app_, to);
     }
-    CopyOneFile(files_, from, to);
+    CopyOneFile(files_, from, to, NewFile::Later);
   }
 
   /// Keeps everything of the old folders that has no copy in a new one.
@@ -130,10 +131,6 @@ class Upgrade {
 
   void Walk(const Text& folder, const Text& below) {
     for (const Text& name : files_.FileNames(folder)) {
-      // A deletion would take them for wildcards.
-      if (name.find_first_of(u"*?") != Text::npos) {
-        throw RaisedError(u"UpgradeOldLayout", u"Can't delete " + JoinPath(folder, name));
-      }
       KeepForDeletion(JoinPath(folder, name), JoinPath(below, name));
     }
     for (const Text& name : files_.FolderNames(folder)) {
@@ -174,16 +171,12 @@ class Upgrade {
       if (files_.FolderExists(kept)) continue;
       const bool stands = files_.FileExists(kept);
       if (stands && !SameBytes(files_, path, kept)) continue;
-      if (!stands) CopyOneFile(files_, path, kept);
+      if (!stands) CopyOneFile(files_, path, kept, NewFile::Later);
       return kept;
     }
   }
 
-  void WriteNote() {
-    const auto note = files_.Replace(NotePath(app_));
-    note->Write(NoteBytes(app_));
-    note->Commit();
-  }
+  void WriteNote() { WriteWhole(files_, NotePath(app_), NoteBytes(app_)); }
 
   /// The copies, before the first original goes.
   void BringToDisk() {
@@ -236,9 +229,12 @@ class Upgrade {
 }  // namespace
 
 void TestOldLayout(Application& app) {
-  const Text marker = app.State.GamePath + JoinPath(kCustom, kMarkerName);
-  const bool isOld = CheckFile(app, marker) == kFileOk;
-  if (isOld || LookAtFile(app, NotePath(app)) == NoteBytes(app)) UpgradeOldLayout(app);
+  bool isOld = false;
+  NotingFailures(app, [&] {
+    isOld = app.machine.files.FileExists(app.State.GamePath + JoinPath(kCustom, kMarkerName));
+  });
+  if (!isOld && ReadFileText(app, NotePath(app)) != NoteBytes(app)) return;
+  LockingGame(app, u"Upgrade", [&] { UpgradeOldLayout(app); });
 }
 
 void UpgradeOldLayout(Application& app) {

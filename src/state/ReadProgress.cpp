@@ -12,10 +12,6 @@ ProgressBar* BarOf(const Application& app) {
 
 }  // namespace
 
-bool HasReadBar(const Application& app) {
-  return BarOf(app) != nullptr;
-}
-
 ReadProgress::ReadProgress(Application& app, std::uint64_t fileLength)
     : app_(app), bar_(BarOf(app)) {
   if (!bar_) return;

@@ -21,7 +21,4 @@ class ReadProgress {
   ProgressBar* bar_ = nullptr;
 };
 
-/// True when CurrentScreen has a bar.
-bool HasReadBar(const Application& app);
-
 }  // namespace tarvo

@@ -12,6 +12,9 @@ class Shell {
   /// The status line.
   virtual void ShowStatus(TextView text) = 0;
 
+  /// Something beside the command's own outcome, such as what it is waiting for.
+  virtual void TellAside(TextView text) = 0;
+
   virtual void ShowMainMenu() = 0;
 
   /// The user has to choose the game's folder: the options open, and the menu waits behind them.

@@ -8,9 +8,11 @@
 #include "platform/Settings.h"
 #include "platform/Sound.h"
 #include "platform/Windows.h"
+#include "state/ChangeTogether.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
 #include "state/Foundation.h"
+#include "state/GameLock.h"
 #include "state/Shell.h"
 #include "state/StoredFlag.h"
 #include "text/Utf8.h"
@@ -22,8 +24,11 @@ Text ReadSetting(Application& app, TextView key, TextView fallback) {
   return app.machine.settings.Read(kSettingsApplication, kSettingsSection, key, fallback);
 }
 
-bool HoldsGame(Application& app, const Text& folder) {
-  return CheckFile(app, folder + u"\\stbc.exe") == kFileOk;
+/// A folder that can't be looked at, on a drive that doesn't answer, isn't given up for that.
+bool MayHoldGame(Application& app, const Text& folder) {
+  bool holds = true;
+  NotingFailures(app, [&] { holds = app.machine.files.FileExists(folder + u"\\stbc.exe"); });
+  return holds;
 }
 
 /// The game's folder in the registry; empty when there is none.
@@ -78,7 +83,7 @@ Text helper_RegReadString(Application& app, std::uint32_t root, TextView keyPath
 
 FoundGame FindGame(Application& app) {
   Text stored = ReadSetting(app, u"GamePath", u"");
-  if (!stored.empty() && HoldsGame(app, stored)) return {std::move(stored), GameSource::Settings};
+  if (!stored.empty() && MayHoldGame(app, stored)) return {std::move(stored), GameSource::Settings};
   Text registered = RegisteredGame(app);
   if (registered.empty()) return {};
   return {std::move(registered), GameSource::Registry};
@@ -87,8 +92,9 @@ FoundGame FindGame(Application& app) {
 void MakeProgramFolders(Application& app) {
   for (const TextView name : {u"Tarvos", u"ShipTGLs", u"QBMenus"}) {
     const Text folder = app.ProgramFolder + u"\\" + Text(name);
-    if (app.machine.files.FolderExists(folder)) continue;
-    Guarded([&] { app.machine.files.MakeFolder(folder); });
+    Guarded([&] {
+      if (!app.machine.files.FolderExists(folder)) app.machine.files.MakeFolder(folder);
+    });
   }
 }
 
@@ -101,6 +107,21 @@ void ClearGameTextsReadOnly(Application& app) {
   ClearReadOnly(app, app.State.GamePath + u"\\data\\TGL\\QuickBattle\\QuickBattle.TGL");
   ClearReadOnly(app, app.State.GamePath + u"\\data\\TGL\\Ships.TGL");
 }
+
+namespace {
+
+/// What the last run couldn't bring to its end.
+void TakeUpUnfinished(Application& app) {
+  if (HasUnfinishedChange(app)) LockingGame(app, u"Start", [] {});
+  const std::vector<Text> installs = UnfinishedInstalls(app);
+  if (installs.empty()) return;
+  Text words = u"These Tarvos were not installed to the end.  Please install them again!\n";
+  for (const Text& package : installs) words += u"\n" + package;
+  app.dialogue.PacMsg(words, Title::Warning);
+  ForgetUnfinishedInstalls(app);
+}
+
+}  // namespace
 
 void StartUpSequence(Application& app) {
   AppState& state = app.State;
@@ -119,6 +140,7 @@ void StartUpSequence(Application& app) {
   app.dialogue.PacStart();
   app.shell->ShowMainMenu();
   app.shell->ShowStatus(u"Standing By...");
+  TakeUpUnfinished(app);
   TestFoundation(app);
   ClearGameTextsReadOnly(app);
   TestOldLayout(app);

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/Guarded.h"
 #include "platform/PlatformError.h"
 #include "text/Paths.h"
 
@@ -15,14 +14,10 @@ bool helper_FileExists(Files& files, TextView Filename) {
   const Text last = BareName(Filename);
   if (last.find_first_of(u"*?") == Text::npos) return false;
   const TextView folder = Filename.substr(0, Filename.size() - last.size());
-  bool found = false;
-  Guarded([&] {
-    const std::vector<Text> folders = files.FolderNames(folder);
-    found = !files.FileNames(folder, last).empty() ||
-            std::any_of(folders.begin(), folders.end(),
-                        [&](const Text& name) { return MatchesPattern(name, last); });
-  });
-  return found;
+  if (!files.FolderExists(folder)) return false;
+  const std::vector<Text> folders = files.FolderNames(folder);
+  return !files.FileNames(folder, last).empty() ||
+         std::ranges::any_of(folders, [&](const Text& name) { return MatchesPattern(name, last); });
 }
 
 Text SystemWords(int code) {

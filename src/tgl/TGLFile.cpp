@@ -17,6 +17,10 @@ void TGLFile::Load() {
   strings_ = TGLFileRep(files_).ReadFile(filename_);
 }
 
+FileText TGLFile::Bytes() const {
+  return TGLFileRep(files_).FileBytes(strings_);
+}
+
 void TGLFile::Update(TextView OutputFilename, bool Overwrite) {
   try {
     TGLFileRep(files_).WriteFile(OutputFilename, &strings_, Overwrite);

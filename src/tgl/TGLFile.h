@@ -34,6 +34,9 @@ class TGLFile {
   /// the Source "helper_CopyFile" and a Description that ends in the system's words.
   void Update(TextView OutputFilename, bool Overwrite = false);
 
+  /// The bytes that Update writes.
+  FileText Bytes() const;
+
  private:
   Files& files_;
   TGLStrings strings_;

@@ -141,28 +141,44 @@ std::vector<TGLStrings::FilePlaces> TGLFileRep::Read_Places(VBFileStream& stream
 
 void TGLFileRep::WriteFile(TextView Filename, const TGLStrings* Strings, bool Overwrite) {
   CheckTarget(Filename, Strings, Overwrite);
-  FileText store;
-  const std::vector<Encoded> encoded = Write_Encode(*Strings, store);
-  const SortedStrings sorted = Write_SortString(encoded);
-  const Layout layout = Write_CalcOffsetBlocks(sorted);
   VBFileStream stream(files_);
   stream.OpenFile(Filename, VBFileStream::Access::Replace);
-  Write_FileHeader(stream, Strings->Count());
+  Write_Strings(stream, *Strings);
+  stream.CloseFile();
+}
+
+FileText TGLFileRep::FileBytes(const TGLStrings& Strings) {
+  RequireStrings(Strings);
+  VBFileStream stream(files_);
+  stream.OpenMemory();
+  Write_Strings(stream, Strings);
+  return stream.TakeWritten();
+}
+
+void TGLFileRep::Write_Strings(VBFileStream& stream, const TGLStrings& strings) {
+  FileText store;
+  const std::vector<Encoded> encoded = Write_Encode(strings, store);
+  const SortedStrings sorted = Write_SortString(encoded);
+  const Layout layout = Write_CalcOffsetBlocks(sorted);
+  Write_FileHeader(stream, strings.Count());
   Write_FileOffsetBlocks(stream, layout);
   for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
     stream.WriteLong(layout.BlockSizes.*kTGLColumns[column].BlockSize);
     Write_Column(stream, sorted, column);
   }
-  stream.CloseFile();
+}
+
+void TGLFileRep::RequireStrings(const TGLStrings& strings) {
+  if (strings.Count() > 0) return;
+  throw RaisedError(u"TGLFile.Update",
+                    u"There are no TGL strings in the Strings() collection!  Update failed.");
 }
 
 void TGLFileRep::CheckTarget(TextView Filename, const TGLStrings* Strings, bool Overwrite) {
   const auto fail = [](const Text& words) { throw RaisedError(u"TGLFile.Update", words); };
   if (IsBlank(Filename)) fail(u"No output filename specified!  Update failed.");
   if (!Strings) fail(u"Invalid parameter.  Parameter 'Strings' is Null.  Update failed.");
-  if (Strings->Count() == 0) {
-    fail(u"There are no TGL strings in the Strings() collection!  Update failed.");
-  }
+  RequireStrings(*Strings);
   if (!Overwrite && helper_FileExists(files_, Filename)) {
     fail(u"Output file '" + Text(Filename) +
          u"' already exists and Overwrite parameter is False.  Update failed.");

@@ -51,6 +51,10 @@ class TGLFileRep {
   /// thrown as PlatformError.
   void WriteFile(TextView Filename, const TGLStrings* Strings, bool Overwrite = false);
 
+  /// The bytes that WriteFile writes, for whoever changes several files at once. Raises the same
+  /// errors, but for those of the target.
+  FileText FileBytes(const TGLStrings& Strings);
+
  private:
   /// A string on its way to the file.
   struct Encoded {
@@ -71,6 +75,8 @@ class TGLFileRep {
   std::vector<TGLStrings::FilePlaces> Read_Places(VBFileStream& stream);
 
   void CheckTarget(TextView Filename, const TGLStrings* Strings, bool Overwrite);
+  static void RequireStrings(const TGLStrings& strings);
+  void Write_Strings(VBFileStream& stream, const TGLStrings& strings);
   std::vector<Encoded> Write_Encode(const TGLStrings& strings, FileText& store);
   SortedStrings Write_SortString(const std::vector<Encoded>& strings);
   Layout Write_CalcOffsetBlocks(const SortedStrings& strings);

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/LargeMemory.h"
+#include "platform/PlatformError.h"
 #include "text/RaisedError.h"
 #include "tgl/Blanks.h"
 
@@ -49,9 +50,22 @@ void VBFileStream::ReadWholeFile() {
   buffer_.reserve(size_ + kEndBytes);
   HintLargeMemory(buffer_.data(), size_);
   buffer_.resize(size_ + kEndBytes);
-  size_ = reader->ReadAt(0, std::span(buffer_).first(size_));
-  buffer_.resize(size_);
-  buffer_.resize(size_ + kEndBytes);
+  if (reader->ReadAt(0, std::span(buffer_).first(size_)) != size_) {
+    throw PlatformError(u"read", filename_, kReadFault);
+  }
+}
+
+void VBFileStream::OpenMemory() {
+  Release();
+  access_ = Access::Replace;
+  filename_ = u"memory";
+}
+
+FileText VBFileStream::TakeWritten() {
+  ValidateFileHandle(Access::Replace);
+  FileText bytes = std::move(buffer_);
+  Release();
+  return bytes;
 }
 
 void VBFileStream::CloseFile() {
@@ -66,12 +80,13 @@ void VBFileStream::Release() {
   replacement_.reset();
   buffer_ = {};
   filename_.clear();
+  access_ = Access::Read;
   place_ = 0;
   size_ = 0;
 }
 
 std::int32_t VBFileStream::FileSize() const {
-  return static_cast<std::int32_t>(replacement_ ? size_ + buffer_.size() : size_);
+  return static_cast<std::int32_t>(access_ == Access::Replace ? size_ + buffer_.size() : size_);
 }
 
 std::int64_t VBFileStream::CurrentFilePos() const {
@@ -131,7 +146,7 @@ void VBFileStream::RoomFor(std::size_t count) {
   if (count > kLongest - size_ - buffer_.size()) {
     throw RaisedError(u"VBFileStream.Write", u"The file would be too large.");
   }
-  if (buffer_.size() < kHandOnAt) return;
+  if (!replacement_ || buffer_.size() < kHandOnAt) return;
   replacement_->Write(buffer_);
   size_ += buffer_.size();
   buffer_.clear();

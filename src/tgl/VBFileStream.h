@@ -32,6 +32,12 @@ class VBFileStream {
   /// of 2 GiB or more.
   void OpenFile(TextView Filename, Access access);
 
+  /// Opens a file that is written in memory alone, for TakeWritten.
+  void OpenMemory();
+
+  /// Gives the bytes that were written since OpenMemory, and closes the stream.
+  FileText TakeWritten();
+
   /// Closes the stream. A file that was written takes its place: when this returns the file is
   /// whole, and when it throws the old file stands as it was. Without this call the destructor
   /// drops what was written. Does nothing on a closed stream.

@@ -61,11 +61,11 @@ TEST_F(MenuCommands, UnknownAndBuiltInMenusStayAndAreStatusOne) {
 TEST_F(MenuCommands, StatusTellsWhetherDiskOrContentFailed) {
   Do({"add-menu", "Borg"});
   const std::string game = folder.Get("game/data/TGL/QuickBattle/QuickBattle.TGL");
-  files.Fail(FileStep::Commit, 1, kDiskFull);
+  files.Fail(FileStep::Commit, 2, kDiskFull);  // The first one is that of the note.
   const Outcome full = Do({"add-menu", "Gorn"});
   EXPECT_EQ(full.status, 3);
   EXPECT_EQ(full.results, "");
-  EXPECT_NE(full.words.find("QuickBattle.TGL' Reason: " + SystemWords(kDiskFull)),
+  EXPECT_NE(full.words.find("QuickBattle.TGL: " + SystemWords(kDiskFull)),
             std::string::npos)
       << full.words;
   files.Heal();

@@ -82,7 +82,7 @@ TEST_F(PackageCommands, StatusTellsWhatWentWrong) {
   EXPECT_NE(full.words.find("x.Tarvo: " + SystemWords(kDiskFull)), std::string::npos);
   Pack({"scripts2"});
   options.Answer = u"All";
-  files.Fail(FileStep::Commit, 1, kAccessDenied);
+  files.Fail(FileStep::Commit, 2, kAccessDenied);  // The first one is that of the note.
   const Outcome denied = Install();
   EXPECT_EQ(denied.status, 3);
   EXPECT_NE(denied.words.find("Critical: Can't write to File "), std::string::npos);

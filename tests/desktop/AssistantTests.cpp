@@ -17,6 +17,7 @@ namespace {
 
 struct NoShell : Shell {
   void ShowStatus(TextView) override {}
+  void TellAside(TextView) override {}
   void ShowMainMenu() override {}
   void ShowOptions() override {}
   void SettleGame() override {}

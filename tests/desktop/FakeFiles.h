@@ -50,12 +50,13 @@ class FakeFiles : public Files {
   }
 
   void SetAttributes(TextView path, unsigned) override { Refuse(path); }
-  std::unique_ptr<FileReplacement> Replace(TextView path) override { Refuse(path); }
+  std::unique_ptr<FileReplacement> Replace(TextView path, NewFile) override { Refuse(path); }
   void MakeEmptyFile(TextView path) override { Refuse(path); }
   void MakeFolder(TextView path) override { Refuse(path); }
   void RemoveFolder(TextView path) override { Refuse(path); }
   Text RealPath(TextView path) override { return Text(path); }
   void Sync(TextView) override {}
+  LockAttempt TryLock(TextView folder, TextView) override { Refuse(folder); }
   void Rename(TextView path, TextView) override { Refuse(path); }
   void Remove(TextView path) override { Refuse(path); }
 

@@ -6,12 +6,17 @@
 #include <filesystem>
 
 #include "platform/posix/IniSettings.h"
+#include "platform/posix/PosixReplacement.h"
 #include "platform/posix/UserFolders.h"
 #include "support/CodeOf.h"
 #include "support/TemporaryFolder.h"
 
 namespace tarvo::test {
 namespace {
+
+std::shared_ptr<PosixState> NoJournal() {
+  return std::make_shared<PosixState>(std::vector<std::string>());
+}
 
 namespace fs = std::filesystem;
 
@@ -40,9 +45,9 @@ TEST(IniSettings, GiveTextsBackExactly) {
   };
   int number = 0;
   for (const Text& value : values) {
-    IniSettings(folder.Host("s.ini")).Write(u"App", u"Section", u"Key", value);
+    IniSettings(folder.Host("s.ini"), NoJournal()).Write(u"App", u"Section", u"Key", value);
     // A fresh object, and after another entry was written.
-    IniSettings settings(folder.Host("s.ini"));
+    IniSettings settings(folder.Host("s.ini"), NoJournal());
     EXPECT_EQ(settings.Read(u"App", u"Section", u"Key", u"fallback"), value) << number;
     settings.Write(u"App", u"Section", u"Other", u"x");
     EXPECT_EQ(settings.Read(u"APP", u"section", u"KEY", u"fallback"), value) << number++;
@@ -51,7 +56,7 @@ TEST(IniSettings, GiveTextsBackExactly) {
 
 TEST(IniSettings, TellNamesApart) {
   const TemporaryFolder folder;
-  IniSettings settings(folder.Host("s.ini"));
+  IniSettings settings(folder.Host("s.ini"), NoJournal());
   const Text names[] = {u"a",   u"a/b", u"b",  u" a", u"a ", u"[a]", u"a]",
                         u"a=b", u";a",  u"#a", u"%a", u"ä",  u""};
   for (const Text& name : names) {
@@ -76,7 +81,7 @@ TEST(IniSettings, KeepEntriesOfOthersAndTheFilesMode) {
   const TemporaryFolder folder;
   folder.Put("s.ini", "; ours\n[Other]\nname = \xC3\xA4 \"x\"\n\n[App/Section]\nKey = old\n");
   ASSERT_EQ(chmod(folder.Host("s.ini").c_str(), 0600), 0);
-  IniSettings settings(folder.Host("s.ini"));
+  IniSettings settings(folder.Host("s.ini"), NoJournal());
   EXPECT_EQ(settings.Read(u"App", u"Section", u"Key", u""), u"old");
   settings.Write(u"App", u"Section", u"Key", u"new");
   const std::string bytes = folder.Get("s.ini");
@@ -105,7 +110,7 @@ TEST(IniSettings, ReplaceNothingThatTheyCantRead) {
       {"readonly.ini/below.ini", ENOTDIR, u"fallback"},
   };
   for (const auto& [name, code, read] : cases) {
-    IniSettings settings(folder.Host(name));
+    IniSettings settings(folder.Host(name), NoJournal());
     EXPECT_EQ(settings.Read(u"A", u"B", u"Key", u"fallback"), read) << name;
     EXPECT_EQ(CodeOf([&] { settings.Write(u"A", u"B", u"Key", u"2"); }), code) << name;
   }
@@ -115,7 +120,7 @@ TEST(IniSettings, ReplaceNothingThatTheyCantRead) {
 
 TEST(IniSettings, MakeTheirFoldersBySettingOnly) {
   const TemporaryFolder folder;
-  IniSettings settings(folder.Host("a/b/s.ini"));
+  IniSettings settings(folder.Host("a/b/s.ini"), NoJournal());
   EXPECT_EQ(settings.Read(u"A", u"B", u"Key", u"fallback"), u"fallback");
   EXPECT_FALSE(fs::exists(folder.Host("a")));
   settings.Write(u"A", u"B", u"Key", u"1");
@@ -153,7 +158,7 @@ TEST(UserFolders, FollowTheBaseDirectories) {
   for (const auto& [base, journal, settings] : cases) {
     const Variable state("XDG_STATE_HOME", base);
     const Variable config("XDG_CONFIG_HOME", base);
-    EXPECT_EQ(DefaultJournalFolder(), journal);
+    EXPECT_EQ(DefaultJournalFolders().front(), journal);
     EXPECT_EQ(DefaultSettingsFile(), settings);
   }
 }

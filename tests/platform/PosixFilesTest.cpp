@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "platform/PlatformError.h"
+#include "platform/HostMachine.h"
 #include "platform/posix/PosixFiles.h"
 #include "support/CodeOf.h"
 #include "support/TemporaryFolder.h"
@@ -50,9 +51,9 @@ TEST_F(PosixFilesTest, FindsExactlyFirstThenWithoutRegardToCase) {
       {u"scripts\\ships\\X.PY\\below", "Scripts/Ships/x.py/below"},
   };
   for (const auto& [path, host] : cases) {
-    EXPECT_EQ(files.HostPath(folder.Game(path)), folder.Host(host));
+    EXPECT_EQ(HostPath(folder.Game(path)), folder.Host(host));
   }
-  EXPECT_EQ(files.HostPath(u"C:\\x"), "");
+  EXPECT_EQ(HostPath(u"C:\\x"), "");
 }
 
 TEST_F(PosixFilesTest, FollowsLinksAndTakesNothingElseForAFile) {
@@ -74,10 +75,16 @@ TEST_F(PosixFilesTest, FollowsLinksAndTakesNothingElseForAFile) {
   EXPECT_EQ(files.RealPath(folder.Game(u"FOLDER.txt\\X")), place + u"\\Sub\\x");
   EXPECT_EQ(CodeOf([&] { files.RemoveFolder(folder.Game(u"link.txt")); }), ENOTDIR);
   EXPECT_EQ(CodeOf([&] { files.Remove(folder.Game(u"folder.txt")); }), EISDIR);
-  files.Remove(folder.Game(u"*.txt"));
+  files.Remove(folder.Game(u"link.txt"));
   files.RemoveFolder(folder.Game(u"Folder.txt\\"));
   EXPECT_EQ(files.FolderNames(folder.Game()), Names{u"Sub"});
   EXPECT_TRUE(files.FileExists(folder.Game(u"Sub\\x")));
+}
+
+TEST_F(PosixFilesTest, DeletesAFileWhoseNameReadsAsAWildcardAndNoOther) {
+  for (const char* name : {"*", "*.TGL", "a.TGL", "b?.TGL", "bc.TGL"}) folder.Put(name, "");
+  for (const TextView name : {u"*", u"*.tgl", u"b?.TGL"}) files.Remove(folder.Game(name));
+  EXPECT_EQ(files.FileNames(folder.Game()), (Names{u"a.TGL", u"bc.TGL"}));
 }
 
 TEST_F(PosixFilesTest, RenamesInLetterCaseAlone) {

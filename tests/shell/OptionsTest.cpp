@@ -222,6 +222,7 @@ TEST_F(Options, OpenByThemselvesAfreshWithTheMenuSwitchedOff) {
 struct DecliningShell : Shell {
   explicit DecliningShell(frmMain& window) : main(window) {}
   void ShowStatus(TextView text) override { main.ShowStatus(text); }
+  void TellAside(TextView) override {}
   void ShowMainMenu() override { main.ShowMainMenu(); }
   void ShowOptions() override { main.ShowOptions(); }
   void SettleGame() override { main.ShowOptions(); }

@@ -78,10 +78,10 @@ TEST(ShipPlugin, ReadingPutsUpWithPluginsWrittenByHand) {
 }
 
 TEST(ShipScript, HasTheNewNameInEveryPlaceOfTheOld) {
-  EXPECT_EQ(ShipScriptText("Galaxy, galaxy GALAXY\r\n\tGalaxyGalaxy", u"U_2"),
+  EXPECT_EQ(ShipScriptText(WholeText("Galaxy, galaxy GALAXY\r\n\tGalaxyGalaxy"), u"U_2"),
             "U_2, galaxy GALAXY\r\n\tU_2U_2");
-  EXPECT_EQ(ShipScriptText("Galaxy", u"My Galaxy"), "My Galaxy");
-  EXPECT_EQ(ShipScriptText("Gal\0axy"s, u"x"), "Gal\0axy"s);
+  EXPECT_EQ(ShipScriptText(WholeText("Galaxy"), u"My Galaxy"), "My Galaxy");
+  EXPECT_EQ(ShipScriptText(WholeText("Gal\0axy"s), u"x"), "Gal\0axy"s);
 }
 
 }  // namespace

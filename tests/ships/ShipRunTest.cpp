@@ -69,7 +69,7 @@ TEST_F(ShipRun, EveryPluginRegistersWhatItSays) {
              "('sources', ['http://']), ('version', '1.0')]\n";
     };
     EXPECT_EQ(Run("plugin", text, c.ship), registered("No Description Available"));
-    const std::optional<FileText> patched = PatchForTGL(text, FileTextFromText(ship));
+    const std::optional<FileText> patched = PatchForTGL(WholeText(text), FileTextFromText(ship));
     ASSERT_TRUE(patched);
     EXPECT_EQ(Run("plugin", *patched, c.ship), registered("texts of the game: 1 1"));
     EXPECT_EQ(ReadShipPlugin(*patched), ReadShipPlugin(text));
@@ -77,7 +77,7 @@ TEST_F(ShipRun, EveryPluginRegistersWhatItSays) {
 }
 
 TEST_F(ShipRun, ScriptMadeOfTheTemplateLoadsTheModelsOfItsShip) {
-  const FileText script = ShipScriptText(SourceFile("data/Backup/Galaxy.py"), u"U_2");
+  const FileText script = ShipScriptText(WholeText(SourceFile("data/Backup/Galaxy.py")), u"U_2");
   EXPECT_EQ(
       Run("ship", script, "U_2"),
       "[('FilenameHigh', 'data/Models/Ships/U_2/U_2.nif'), "

@@ -63,14 +63,14 @@ TEST(PluginPatch, TurnsCommentsIntoCodeAndStaysAfterThat) {
   const FileText blanks(52, ' ');
   const FileText plugin = "head\r\n# Uncomment these if you have TGL" + blanks +
                           "#\r\n# old\r\nFoundation.ShipDef.A.desc = 'Nothing'\r\ntail\r\n";
-  const auto patched = PatchForTGL(plugin, "A");
+  const auto patched = PatchForTGL(WholeText(plugin), "A");
   EXPECT_EQ(patched,
             "head\r\n# Uncomment these if you have TGL  \r\n"
             "Foundation.ShipDef.A.hasTGLName = 1\r\n"
             "Foundation.ShipDef.A.hasTGLDesc = 1\r\n\r\n"
             "# Otherwise, uncomment this and type something in:\r\n"
             "# Foundation.ShipDef.A.desc = 'Nothing'\r\ntail\r\n");
-  EXPECT_EQ(PatchForTGL(*patched, "A"), patched);
+  EXPECT_EQ(PatchForTGL(WholeText(*patched), "A"), patched);
 }
 
 TEST(PluginPatch, PluginsOfOthersKeepTheirRows) {
@@ -89,11 +89,11 @@ TEST(PluginPatch, PluginsOfOthersKeepTheirRows) {
        "# Uncomment these if you have TGL\r\n"},
   };
   for (const Case& c : cases) {
-    const auto patched = PatchForTGL(c.Plugin, "A");
+    const auto patched = PatchForTGL(WholeText(FileText(c.Plugin)), "A");
     ASSERT_EQ(patched.has_value(), c.Head.has_value()) << c.Plugin;
     if (!patched) continue;
     EXPECT_EQ(patched->substr(0, patched->find("\r\nFoundation")), c.Head);
-    EXPECT_EQ(PatchForTGL(*patched, "A"), patched);
+    EXPECT_EQ(PatchForTGL(WholeText(*patched), "A"), patched);
   }
 }
 

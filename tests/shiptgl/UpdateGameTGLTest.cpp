@@ -87,9 +87,8 @@ TEST_F(Merging, WhatCantBeMergedLeavesTheGameAndNamesTheFile) {
   }
 }
 
-TEST_F(Merging, ShipThatIsHalfInTheGameIsWholeAfterTheSecondMerge) {
+TEST_F(Merging, ShipThatIsHalfInTheGameIsWholeAfterwards) {
   Write(ships, {{u"Nord", u"a", u""}, {u"Nord Description", u"b", u""}, {u"Other", u"c", u""}});
-  EXPECT_TRUE(Failure().starts_with(quickBattle));
   EXPECT_EQ(Failure(), u"");
   EXPECT_EQ(Strings(ships).at(u"Nord").Data, u"USS Nord");
   EXPECT_TRUE(Strings(quickBattle).contains(u"Nord"));

@@ -109,12 +109,16 @@ void CutAndGoOn(int step, bool kill, const std::function<void(OldGame&)>& put) {
   ASSERT_EQ(killed, kill);
   const std::set<FileText> cut = game.AllBytes();
   for (const FileText& bytes : before) ASSERT_TRUE(cut.contains(bytes)) << "lost: " << bytes;
-  const bool failed = !game.machine.app.Failures.empty();
-  EXPECT_EQ(game.machine.boxes.size(), killed || failed ? 0u : 1u);
+  const bool finished =
+      !game.HasOldFolders() && !game.machine.disk->FileExists(game.kept + u"\\Unfinished.txt");
+  const auto told = [&] {
+    return std::count(game.machine.boxes.begin(), game.machine.boxes.end(), kUpgraded);
+  };
+  EXPECT_EQ(told(), finished ? 1 : 0);
 
   game.Run();
   EXPECT_FALSE(game.HasOldFolders());
-  EXPECT_EQ(game.machine.boxes, std::vector{kUpgraded});
+  EXPECT_EQ(told(), 1);
   EXPECT_FALSE(game.machine.disk->FileExists(game.kept + u"\\Unfinished.txt"));
   const std::set<FileText> after = game.AllBytes();
   for (const FileText& bytes : before) ASSERT_TRUE(after.contains(bytes)) << "lost: " << bytes;

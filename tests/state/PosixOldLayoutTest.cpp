@@ -67,17 +67,5 @@ TEST(OldLayout, LinkedFoldersAreNeverEmptied) {
   }
 }
 
-TEST(OldLayout, NameThatReadsAsAWildcardStopsItBeforeAnythingGoes) {
-  OldGame game;
-  game.PutEverything();
-  game.Put("plugins/*", "star");
-  const std::set<FileText> before = game.AllBytes();
-  game.Run();
-  EXPECT_TRUE(game.machine.boxes.empty());
-  EXPECT_NE(game.Status().find(u"Plugins\\*"), Text::npos);
-  for (const FileText& bytes : before) EXPECT_TRUE(game.AllBytes().contains(bytes)) << bytes;
-  EXPECT_EQ(game.machine.files.Steps(FileStep::Remove), 0);
-}
-
 }  // namespace
 }  // namespace tarvo::test

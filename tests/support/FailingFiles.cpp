@@ -7,9 +7,9 @@ namespace tarvo::test {
 namespace {
 
 /// The verbs that the real files use.
-constexpr TextView kVerbs[] = {u"look at",       u"change", u"open",   u"read",  u"replace",
-                               u"write",         u"write",  u"write",  u"write", u"make folder",
-                               u"delete folder", u"rename", u"delete", u"list",  u"sync"};
+constexpr TextView kVerbs[] = {
+    u"look at", u"change",      u"open",          u"read",   u"replace", u"write", u"write", u"write",
+    u"write",   u"make folder", u"delete folder", u"rename", u"delete",  u"list",  u"sync",  u"lock"};
 static_assert(std::size(kVerbs) == static_cast<std::size_t>(FileStep::Count));
 
 }  // namespace
@@ -36,8 +36,8 @@ class FailingReader : public FileReader {
 
 class FailingReplacement : public FileReplacement {
  public:
-  FailingReplacement(FailingFiles& files, TextView path)
-      : files_(files), path_(path), behind_(files.files_.Replace(path)) {}
+  FailingReplacement(FailingFiles& files, TextView path, NewFile newFile)
+      : files_(files), path_(path), behind_(files.files_.Replace(path, newFile)) {}
 
   void Write(FileTextView bytes) override {
     Step(FileStep::Write);
@@ -130,6 +130,21 @@ std::uint64_t FailingFiles::Fitting(std::uint64_t bytes) const {
   return bytesLeft_ ? std::min(bytes, *bytesLeft_) : bytes;
 }
 
+bool FailingFiles::FileExists(TextView path) {
+  Take(FileStep::Look, path);
+  return files_.FileExists(path);
+}
+
+bool FailingFiles::FolderExists(TextView path) {
+  Take(FileStep::Look, path);
+  return files_.FolderExists(path);
+}
+
+std::optional<FileStamp> FailingFiles::Stamp(TextView path) {
+  Take(FileStep::Look, path);
+  return files_.Stamp(path);
+}
+
 std::uint64_t FailingFiles::FileSize(TextView path) {
   Take(FileStep::Look, path);
   return files_.FileSize(path);
@@ -150,9 +165,9 @@ std::unique_ptr<FileReader> FailingFiles::Open(TextView path) {
   return std::make_unique<FailingReader>(*this, path);
 }
 
-std::unique_ptr<FileReplacement> FailingFiles::Replace(TextView path) {
+std::unique_ptr<FileReplacement> FailingFiles::Replace(TextView path, NewFile newFile) {
   Take(FileStep::Replace, path);
-  return std::make_unique<FailingReplacement>(*this, path);
+  return std::make_unique<FailingReplacement>(*this, path, newFile);
 }
 
 void FailingFiles::MakeEmptyFile(TextView path) {
@@ -180,9 +195,14 @@ void FailingFiles::Rename(TextView from, TextView to) {
   files_.Rename(from, to);
 }
 
-void FailingFiles::Remove(TextView pathOrPattern) {
-  Take(FileStep::Remove, pathOrPattern);
-  files_.Remove(pathOrPattern);
+void FailingFiles::Remove(TextView path) {
+  Take(FileStep::Remove, path);
+  files_.Remove(path);
+}
+
+LockAttempt FailingFiles::TryLock(TextView folder, TextView purpose) {
+  Take(FileStep::Lock, folder);
+  return files_.TryLock(folder, purpose);
 }
 
 std::vector<Text> FailingFiles::FileNames(TextView folder, TextView pattern) {

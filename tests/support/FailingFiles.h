@@ -11,7 +11,7 @@ namespace tarvo::test {
 
 /// What can be made to fail.
 enum class FileStep {
-  Look,  ///< FileSize, Attributes and RealPath; the questions for existence and stamp never fail.
+  Look,  ///< FileExists, FolderExists, Stamp, FileSize, Attributes and RealPath.
   SetAttributes,
   Open,
   Read,
@@ -26,6 +26,7 @@ enum class FileStep {
   Remove,
   List,
   Sync,
+  Lock,
   Count,
 };
 
@@ -60,25 +61,27 @@ class FailingFiles : public Files {
   /// Steps of all kinds so far.
   int AllSteps() const { return seen_; }
 
-  bool FileExists(TextView path) override { return files_.FileExists(path); }
-  bool FolderExists(TextView path) override { return files_.FolderExists(path); }
-  std::optional<FileStamp> Stamp(TextView path) override { return files_.Stamp(path); }
+  bool FileExists(TextView path) override;
+  bool FolderExists(TextView path) override;
+  std::optional<FileStamp> Stamp(TextView path) override;
   std::uint64_t FileSize(TextView path) override;
   unsigned Attributes(TextView path) override;
   void SetAttributes(TextView path, unsigned attributes) override;
   std::unique_ptr<FileReader> Open(TextView path) override;
-  std::unique_ptr<FileReplacement> Replace(TextView path) override;
+  using Files::Replace;
+  std::unique_ptr<FileReplacement> Replace(TextView path, NewFile newFile) override;
   void MakeEmptyFile(TextView path) override;
   void MakeFolder(TextView path) override;
   void RemoveFolder(TextView path) override;
   void Rename(TextView from, TextView to) override;
-  void Remove(TextView pathOrPattern) override;
+  void Remove(TextView path) override;
   std::vector<Text> FileNames(TextView folder, TextView pattern = u"*") override;
   std::vector<Text> FolderNames(TextView folder) override;
   Text RealPath(TextView path) override;
 
   /// Only counted: to wait for the disk would prove nothing in a test.
   void Sync(TextView folder) override { Take(FileStep::Sync, folder); }
+  LockAttempt TryLock(TextView folder, TextView purpose) override;
   std::vector<Text> Drives() override { return files_.Drives(); }
   void RemoveAbandoned() override { files_.RemoveAbandoned(); }
 

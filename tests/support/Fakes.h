@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <set>
 #include <tuple>
@@ -60,9 +61,15 @@ class ScriptedClock : public Clock {
  public:
   void Randomize() override { ++Randomized; }
   double Random() override;
+  void Pause(int milliseconds) override {
+    Waited += milliseconds;
+    if (OnPause) OnPause();
+  }
 
   std::deque<double> Numbers;
   int Randomized = 0;
+  int Waited = 0;                 ///< Milliseconds.
+  std::function<void()> OnPause;  ///< What others do meanwhile.
 };
 
 /// Letter case of names is ignored.

@@ -31,7 +31,7 @@ class OneFile : public Files {
 
   bool FileExists(TextView) override { return true; }
   std::unique_ptr<FileReader> Open(TextView) override { return std::make_unique<Reader>(Bytes); }
-  std::unique_ptr<FileReplacement> Replace(TextView) override {
+  std::unique_ptr<FileReplacement> Replace(TextView, NewFile) override {
     return std::make_unique<Replacement>(Bytes);
   }
 
@@ -45,6 +45,7 @@ class OneFile : public Files {
   void RemoveFolder(TextView) override { std::abort(); }
   Text RealPath(TextView) override { std::abort(); }
   void Sync(TextView) override { std::abort(); }
+  LockAttempt TryLock(TextView, TextView) override { std::abort(); }
   void Rename(TextView, TextView) override { std::abort(); }
   void Remove(TextView) override { std::abort(); }
   std::vector<Text> FileNames(TextView, TextView) override { std::abort(); }

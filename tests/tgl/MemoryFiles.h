@@ -36,7 +36,7 @@ class MemoryFiles : public Files {
   bool FileExists(TextView path) override { return Contents.contains(FoldCase(path)); }
 
   bool FolderExists(TextView path) override {
-    const Text start = FoldCase(path) + u"\\";
+    const Text start = FoldCase(FolderWithoutTail(path)) + u"\\";
     return std::any_of(Contents.begin(), Contents.end(),
                        [&](const auto& file) { return file.first.starts_with(start); });
   }
@@ -48,7 +48,7 @@ class MemoryFiles : public Files {
     return std::make_unique<Reader>(*this, path, found->second);
   }
 
-  std::unique_ptr<FileReplacement> Replace(TextView path) override {
+  std::unique_ptr<FileReplacement> Replace(TextView path, NewFile) override {
     Step(u"open", path);
     return std::make_unique<Replacement>(*this, path);
   }
@@ -75,6 +75,7 @@ class MemoryFiles : public Files {
   MOCK_METHOD(void, Sync, (TextView), (override));
   MOCK_METHOD(void, Rename, (TextView, TextView), (override));
   MOCK_METHOD(void, Remove, (TextView), (override));
+  MOCK_METHOD(LockAttempt, TryLock, (TextView, TextView), (override));
   MOCK_METHOD(std::vector<Text>, Drives, (), (override));
   MOCK_METHOD(void, RemoveAbandoned, (), (override));
 

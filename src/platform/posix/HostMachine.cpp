@@ -21,10 +21,11 @@ std::unique_ptr<Files> OpenFiles(std::string journalFolder) {
 }
 
 HostMachine OpenHostMachine() {
+  const auto state = std::make_shared<PosixState>(DefaultJournalFolders());
   HostMachine machine;
-  machine.files = OpenFiles(DefaultJournalFolder());
+  machine.files = std::make_unique<PosixFiles>(state);
   machine.files->RemoveAbandoned();
-  machine.settings = std::make_unique<IniSettings>(DefaultSettingsFile());
+  machine.settings = std::make_unique<IniSettings>(DefaultSettingsFile(), state);
   machine.registry = std::make_unique<WineRegistry>(UsualWinePrefixes(CurrentWineEnvironment()));
   machine.locale = std::make_unique<PosixLocale>();
   machine.clock = std::make_unique<SystemClock>();
@@ -33,7 +34,12 @@ HostMachine OpenHostMachine() {
 
 std::string HostPath(TextView gamePath) {
   const std::optional<HostParts> parts = SplitGamePath(gamePath);
-  return parts ? NameLookup().Resolve("/", parts->Names) : std::string();
+  if (!parts) return {};
+  try {
+    return NameLookup().Resolve("/", parts->Names);
+  } catch (const PlatformError&) {
+    return *SpelledHostPath(gamePath);
+  }
 }
 
 Text GamePathFromArgument(std::string_view argument) {

@@ -5,18 +5,19 @@
 #define SI_NO_CONVERSION
 #define SI_IMPLEMENTATION
 #include <SimpleIni.h>
-#include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <chrono>
 #include <memory>
-#include <vector>
+#include <thread>
 
 #include "platform/PlatformError.h"
 #include "platform/posix/HostPaths.h"
 #include "platform/posix/PosixFileReader.h"
 #include "platform/posix/PosixReplacement.h"
+#include "platform/posix/SystemCalls.h"
 #include "platform/posix/UserFolders.h"
 #include "text/Utf8.h"
 
@@ -101,7 +102,9 @@ std::string Contents(const std::string& hostPath, TextView shownPath) {
   try {
     PosixFileReader file(hostPath, shownPath);
     std::string bytes(file.Size(), '\0');
-    bytes.resize(file.ReadAt(0, bytes));
+    if (file.ReadAt(0, bytes) != bytes.size()) {
+      throw PlatformError(u"read", Text(shownPath), EIO);
+    }
     if (bytes.find('\0') == std::string::npos) return bytes;
     throw PlatformError(u"read", Text(shownPath), EILSEQ);
   } catch (const PlatformError& error) {
@@ -112,6 +115,19 @@ std::string Contents(const std::string& hostPath, TextView shownPath) {
 
 void Load(CSimpleIniA& ini, const std::string& bytes, TextView shownPath) {
   if (ini.LoadData(bytes) < 0) throw PlatformError(u"read", Text(shownPath), EILSEQ);
+}
+
+/// Keeps other processes of ours from writing between reading and replacing. Where locks don't work
+/// the last one wins; not open when another one holds it for a second.
+Descriptor LockedFolder(const std::string& folder) {
+  using Clock = std::chrono::steady_clock;
+  Descriptor lock = OpenDescriptor(folder, O_RDONLY | O_DIRECTORY);
+  const auto end = Clock::now() + std::chrono::seconds(1);
+  while (flock(lock.Get(), LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR)) {
+    if (Clock::now() > end) return Descriptor();
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  return lock;
 }
 
 }  // namespace
@@ -135,17 +151,15 @@ Text IniSettings::Read(TextView application, TextView section, TextView key, Tex
 void IniSettings::Write(TextView application, TextView section, TextView key, TextView text) {
   const std::string folder = HostFolderOf(hostPath_);
   if (!MakeFolders(folder, 0700)) throw PlatformError(u"make folder", GamePathOf(folder), errno);
-  // Between reading and replacing no other process of ours may write. Where locks don't work the
-  // last one wins.
-  const Descriptor lock(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (lock.IsOpen()) flock(lock.Get(), LOCK_EX);
+  const Descriptor lock = LockedFolder(folder);
+  if (!lock.IsOpen()) throw PlatformError(u"lock", ShownPath(), EAGAIN);
   CSimpleIniA ini(true);
   Load(ini, Contents(hostPath_, ShownPath()), ShownPath());
   ini.SetValue(SectionName(application, section).c_str(), Name(key).c_str(),
                Escaped(text, u"\"").c_str());
   std::string bytes;
   if (ini.Save(bytes) < 0) throw PlatformError(u"write", ShownPath(), ENOMEM);
-  PosixReplacement file(std::make_shared<PosixState>(""), hostPath_, ShownPath(), NewFile::Synced);
+  PosixReplacement file(state_, hostPath_, ShownPath(), NewFile::OnDisk);
   file.Write(bytes);
   file.Commit();
 }

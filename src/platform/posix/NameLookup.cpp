@@ -1,12 +1,14 @@
 #include "platform/posix/NameLookup.h"
 
-#include <dirent.h>
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <memory>
 
+#include "platform/PlatformError.h"
 #include "platform/posix/HostPaths.h"
+#include "platform/posix/SystemCalls.h"
 #include "text/LetterCase.h"
 #include "text/Utf8.h"
 
@@ -20,9 +22,15 @@ constexpr auto kTick = std::chrono::milliseconds(50);
 
 constexpr auto kLongestTrust = std::chrono::milliseconds(500);
 
+[[noreturn]] void Fail(TextView operation, const std::string& hostPath) {
+  throw PlatformError(Text(operation), GamePathOf(hostPath), errno);
+}
+
 bool Stands(const std::string& hostPath) {
   struct stat state;
-  return lstat(hostPath.c_str(), &state) == 0;
+  if (lstat(hostPath.c_str(), &state) == 0) return true;
+  if (!SaysNothingThere(errno)) Fail(u"look at", hostPath);
+  return false;
 }
 
 bool SameTime(const timespec& a, const timespec& b) {
@@ -70,7 +78,11 @@ std::string NameLookup::Find(const std::string& folder, const std::string& name)
 
 NameLookup::Folder* NameLookup::Current(const std::string& folder) {
   struct stat state;
-  if (stat(folder.c_str(), &state) != 0 || !S_ISDIR(state.st_mode)) return nullptr;
+  if (stat(folder.c_str(), &state) != 0) {
+    if (!SaysNothingThere(errno)) Fail(u"look at", folder);
+    return nullptr;
+  }
+  if (!S_ISDIR(state.st_mode)) return nullptr;
   const auto kept = Kept(state);
   if (kept != folders_.end()) {
     folders_.splice(folders_.begin(), folders_, kept);
@@ -87,13 +99,17 @@ NameLookup::Folder* NameLookup::Read(const std::string& folder, const struct sta
   const auto start = std::chrono::steady_clock::now();
   // The time of change was taken before the names: what comes in between shows at the next call.
   const bool settled = LongAgo(state.st_mtim);
-  const std::unique_ptr<DIR, int (*)(DIR*)> stream(opendir(folder.c_str()), closedir);
-  if (!stream) return nullptr;
+  const OpenFolder stream(folder);
+  if (!stream.IsOpen()) {
+    if (!SaysNothingThere(errno)) Fail(u"list", folder);
+    return nullptr;
+  }
   Folder names{state.st_dev, state.st_ino, state.st_mtim, settled, start, {}, {}};
-  while (const dirent* entry = readdir(stream.get())) {
+  while (const dirent* entry = stream.Next()) {
     const std::string name = entry->d_name;
     if (name != "." && name != "..") names.Names.emplace(Folded(name), name);
   }
+  if (errno != 0) Fail(u"list", folder);
   names.ReadFor = std::chrono::steady_clock::now() - start;
   folders_.push_front(std::move(names));
   if (folders_.size() > kFoldersKept) folders_.pop_back();

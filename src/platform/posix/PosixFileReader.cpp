@@ -6,12 +6,13 @@
 #include <limits>
 
 #include "platform/PlatformError.h"
+#include "platform/posix/SystemCalls.h"
 
 namespace tarvo {
 
 /// Without O_NONBLOCK the opening of a pipe would wait for its writer.
 Descriptor PosixFileReader::TryOpen(const std::string& hostPath) {
-  return Descriptor(open(hostPath.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+  return OpenDescriptor(hostPath, O_RDONLY | O_NONBLOCK);
 }
 
 PosixFileReader::PosixFileReader(Descriptor file, TextView path)

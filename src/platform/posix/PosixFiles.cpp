@@ -13,6 +13,7 @@
 #include "platform/posix/HostPaths.h"
 #include "platform/posix/PosixFileReader.h"
 #include "platform/posix/RenameFile.h"
+#include "platform/posix/SystemCalls.h"
 #include "text/LetterCase.h"
 
 namespace tarvo {
@@ -60,22 +61,16 @@ bool IsSameFile(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-PosixFiles::PosixFiles(std::string journalFolder)
-    : state_(std::make_shared<PosixState>(std::move(journalFolder))) {}
-
-std::string PosixFiles::HostPath(TextView path) {
-  const std::optional<HostParts> parts = SplitGamePath(path);
-  if (!parts) return {};
-  return state_->names.Resolve("/", parts->Names);
-}
-
 /// What stands at a path, links followed; false when there is nothing. Most paths are spelled as
 /// the disk spells them, so that is tried before any name is looked up.
 bool PosixFiles::StateOf(TextView path, struct stat& state) {
   const std::optional<std::string> spelled = SpelledHostPath(path);
   if (spelled && stat(spelled->c_str(), &state) == 0) return true;
-  const std::string host = HostPath(path);
-  return !host.empty() && stat(host.c_str(), &state) == 0;
+  const std::optional<HostParts> parts = SplitGamePath(path);
+  if (!parts) return false;
+  if (stat(state_->names.Resolve("/", parts->Names).c_str(), &state) == 0) return true;
+  if (!SaysNothingThere(errno)) Fail(u"look at", path, errno);
+  return false;
 }
 
 /// The host's path of a file. What ends in a separator keeps it, so that the system refuses files.
@@ -144,9 +139,8 @@ std::unique_ptr<FileReader> PosixFiles::Open(TextView path) {
   return std::make_unique<PosixFileReader>(std::move(file), path);
 }
 
-std::unique_ptr<FileReplacement> PosixFiles::Replace(TextView path) {
-  return std::make_unique<PosixReplacement>(state_, FilePath(u"replace", path), path,
-                                            NewFile::Unsynced);
+std::unique_ptr<FileReplacement> PosixFiles::Replace(TextView path, NewFile newFile) {
+  return std::make_unique<PosixReplacement>(state_, FilePath(u"replace", path), path, newFile);
 }
 
 void PosixFiles::MakeEmptyFile(TextView path) {
@@ -156,7 +150,7 @@ void PosixFiles::MakeEmptyFile(TextView path) {
     if (S_ISDIR(state.st_mode)) Fail(u"write", path, EISDIR);
     return;
   }
-  Descriptor file(open(host.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY, 0666));
+  Descriptor file = OpenDescriptor(host, O_WRONLY | O_CREAT, 0666);
   if (!file.IsOpen()) Fail(u"write", path, errno);
   if (const int code = file.Close()) Fail(u"write", path, code);
   state_->names.Added(HostFolderOf(host), HostNameOf(host));
@@ -166,6 +160,7 @@ void PosixFiles::MakeFolder(TextView path) {
   const std::string host = FolderPath(u"make folder", path);
   if (mkdir(host.c_str(), 0777) != 0) Fail(u"make folder", path, errno);
   state_->names.Added(HostFolderOf(host), HostNameOf(host));
+  state_->newFolders.insert(host);
 }
 
 void PosixFiles::RemoveFolder(TextView path) {
@@ -191,8 +186,10 @@ Text PosixFiles::RealPath(TextView path) {
 
 void PosixFiles::Sync(TextView folder) {
   const std::string host = FolderPath(u"sync", folder);
-  const Descriptor handle(open(host.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!handle.IsOpen() || syncfs(handle.Get()) != 0) Fail(u"sync", folder, errno);
+  const Descriptor handle = OpenDescriptor(host, O_RDONLY | O_DIRECTORY);
+  if (!handle.IsOpen() || Uninterrupted([&] { return syncfs(handle.Get()); }) != 0) {
+    Fail(u"sync", folder, errno);
+  }
 }
 
 void PosixFiles::Rename(TextView from, TextView to) {

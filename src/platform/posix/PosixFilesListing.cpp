@@ -1,27 +1,32 @@
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <memory>
 
 #include "platform/NameLists.h"
 #include "platform/PlatformError.h"
 #include "platform/posix/HostPaths.h"
 #include "platform/posix/PosixFiles.h"
+#include "platform/posix/SystemCalls.h"
+#include "text/Paths.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
 namespace {
 
-/// True for an entry of the wanted kind; links count as what they lead to.
-bool IsOfKind(DIR* stream, const dirent& entry, bool folders) {
+/// True for an entry of the wanted kind; links count as what they lead to, and are of neither kind
+/// where they lead nowhere or round in a circle. What else keeps one from being looked at is
+/// thrown.
+bool IsOfKind(const OpenFolder& stream, const dirent& entry, bool folders, TextView path) {
   if (entry.d_type == DT_DIR) return folders;
   if (entry.d_type == DT_REG) return !folders;
   if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return false;
   struct stat state;
-  if (fstatat(dirfd(stream), entry.d_name, &state, 0) != 0) return false;
+  if (fstatat(stream.Handle(), entry.d_name, &state, 0) != 0) {
+    if (SaysNothingThere(errno) || errno == ELOOP) return false;
+    throw PlatformError(u"look at", JoinPath(path, TextFromUtf8(entry.d_name)), errno);
+  }
   return folders ? S_ISDIR(state.st_mode) : S_ISREG(state.st_mode);
 }
 
@@ -45,15 +50,13 @@ void CheckDeletable(const std::string& hostPath, TextView path) {
 /// The names in a folder, in the bytes of the host and in no order.
 std::vector<std::string> PosixFiles::Listed(TextView path, bool folders) {
   const std::string host = FolderPath(u"list", path);
-  const std::unique_ptr<DIR, int (*)(DIR*)> stream(opendir(host.c_str()), closedir);
-  if (!stream) throw PlatformError(u"list", Text(path), errno);
+  const OpenFolder stream(host);
+  if (!stream.IsOpen()) throw PlatformError(u"list", Text(path), errno);
   std::vector<std::string> names;
-  errno = 0;
-  while (const dirent* entry = readdir(stream.get())) {
-    if (IsShown(entry->d_name) && IsOfKind(stream.get(), *entry, folders)) {
+  while (const dirent* entry = stream.Next()) {
+    if (IsShown(entry->d_name) && IsOfKind(stream, *entry, folders, path)) {
       names.emplace_back(entry->d_name);
     }
-    errno = 0;
   }
   if (errno != 0) throw PlatformError(u"list", Text(path), errno);
   return names;
@@ -74,38 +77,11 @@ std::vector<Text> PosixFiles::FolderNames(TextView folder) {
   return SortedNames(std::move(names));
 }
 
-void PosixFiles::Remove(TextView pathOrPattern) {
-  const std::size_t separator = pathOrPattern.find_last_of(u"\\/");
-  const std::size_t nameAt = separator == TextView::npos ? 0 : separator + 1;
-  if (pathOrPattern.find_first_of(u"*?", nameAt) == TextView::npos) {
-    RemoveFile(FilePath(u"delete", pathOrPattern), pathOrPattern);
-  } else {
-    RemoveMatching(pathOrPattern, nameAt);
-  }
-}
-
-/// Nothing goes when one of the files is read-only.
-void PosixFiles::RemoveMatching(TextView pattern, std::size_t nameAt) {
-  const TextView folder = pattern.substr(0, nameAt);
-  const std::string host = FolderPath(u"delete", folder);
-  std::vector<std::string> paths;
-  try {
-    for (const std::string& name : Listed(folder, false)) {
-      if (!MatchesPattern(TextFromUtf8(name), pattern.substr(nameAt))) continue;
-      paths.push_back(JoinHostPath(host, name));
-    }
-  } catch (const PlatformError& error) {
-    throw PlatformError(u"delete", Text(pattern), error.Code);
-  }
-  if (paths.empty()) throw PlatformError(u"delete", Text(pattern), ENOENT);
-  for (const std::string& path : paths) CheckDeletable(path, pattern);
-  for (const std::string& path : paths) RemoveFile(path, pattern);
-}
-
-void PosixFiles::RemoveFile(const std::string& hostPath, TextView path) {
-  CheckDeletable(hostPath, path);
-  if (unlink(hostPath.c_str()) != 0) throw PlatformError(u"delete", Text(path), errno);
-  state_->names.Removed(HostFolderOf(hostPath), HostNameOf(hostPath));
+void PosixFiles::Remove(TextView path) {
+  const std::string host = FilePath(u"delete", path);
+  CheckDeletable(host, path);
+  if (unlink(host.c_str()) != 0) throw PlatformError(u"delete", Text(path), errno);
+  state_->names.Removed(HostFolderOf(host), HostNameOf(host));
 }
 
 }  // namespace tarvo

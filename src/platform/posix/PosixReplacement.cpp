@@ -1,6 +1,7 @@
 #include "platform/posix/PosixReplacement.h"
 
 #include <fcntl.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -9,9 +10,11 @@
 #include <cstdio>
 #include <limits>
 
+#include "platform/PlatformError.h"
 #include "platform/posix/HostPaths.h"
 #include "platform/posix/PosixFileReader.h"
 #include "platform/posix/RenameFile.h"
+#include "platform/posix/SystemCalls.h"
 
 namespace tarvo {
 namespace {
@@ -33,6 +36,38 @@ int Renamed(const std::string& from, const std::string& to) {
   return rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
+int Synced(int descriptor) {
+  return Uninterrupted([&] { return fsync(descriptor); }) == 0 ? 0 : errno;
+}
+
+int SyncedFolder(const std::string& folder) {
+  const Descriptor handle = OpenDescriptor(folder, O_RDONLY | O_DIRECTORY);
+  return handle.IsOpen() ? Synced(handle.Get()) : errno;
+}
+
+/// The names of a file's extended attributes, each with a NUL behind it; nothing, with errno set,
+/// when they can't be told.
+std::optional<std::string> AttributeNames(const std::string& path) {
+  while (true) {
+    const ssize_t size = listxattr(path.c_str(), nullptr, 0);
+    if (size < 0) return std::nullopt;
+    std::string names(static_cast<std::size_t>(size), '\0');
+    const ssize_t got = listxattr(path.c_str(), names.data(), names.size());
+    if (got < 0 && errno == ERANGE) continue;
+    if (got < 0) return std::nullopt;
+    names.resize(static_cast<std::size_t>(got));
+    return names;
+  }
+}
+
+/// Gives a file one extended attribute of another; 0, or the code of the failure.
+int CopyAttribute(const std::string& from, int to, const char* name) {
+  std::string value(64 * 1024, '\0');  // The most that the system lets an attribute hold.
+  const ssize_t size = getxattr(from.c_str(), name, value.data(), value.size());
+  if (size < 0) return errno == ENODATA ? 0 : errno;
+  return fsetxattr(to, name, value.data(), static_cast<std::size_t>(size), 0) == 0 ? 0 : errno;
+}
+
 }  // namespace
 
 PosixReplacement::PosixReplacement(std::shared_ptr<PosixState> state, const std::string& hostPath,
@@ -47,7 +82,10 @@ void PosixReplacement::FollowLinks(const std::string& hostPath) {
   target_ = hostPath;
   if (target_.ends_with('/')) Fail(u"replace", EISDIR);
   struct stat state;
-  for (int hops = 0; lstat(target_.c_str(), &state) == 0 && S_ISLNK(state.st_mode); ++hops) {
+  for (int hops = 0;; ++hops) {
+    const bool stands = lstat(target_.c_str(), &state) == 0;
+    if (!stands && !SaysNothingThere(errno)) Fail(u"replace", errno);
+    if (!stands || !S_ISLNK(state.st_mode)) return;
     if (hops == kMostLinks) Fail(u"replace", ELOOP);
     const std::string next = LinkTarget(target_);
     if (next.empty()) Fail(u"replace", errno);
@@ -75,8 +113,7 @@ void PosixReplacement::OpenSibling() {
   sibling_ = JoinHostPath(folder, state_->siblings.Next(folder));
   // What replaces a private file stays private while it grows.
   const mode_t mode = old_ ? 0600 : 0666;
-  file_ = Descriptor(
-      open(sibling_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode));
+  file_ = OpenDescriptor(sibling_, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, mode);
   if (!file_.IsOpen()) {
     const int code = errno;
     sibling_.clear();
@@ -88,8 +125,8 @@ void PosixReplacement::OpenSibling() {
 
 void PosixReplacement::WriteOut(FileTextView bytes) {
   while (!bytes.empty()) {
-    const ssize_t count = write(file_.Get(), bytes.data(), bytes.size());
-    if (count < 0 && errno == EINTR) continue;
+    const ssize_t count =
+        Uninterrupted([&] { return write(file_.Get(), bytes.data(), bytes.size()); });
     if (count <= 0) FailWriting(count < 0 ? errno : EIO);
     bytes.remove_prefix(static_cast<std::size_t>(count));
   }
@@ -127,23 +164,42 @@ std::uint64_t PosixReplacement::CopyInKernel(PosixFileReader& source, std::uint6
   return copied;
 }
 
-/// Gives the sibling owner and mode of the file that it replaces, or less where that isn't allowed.
+/// Gives the sibling owner, mode and extended attributes of the file that it replaces, or less
+/// where that isn't allowed.
 void PosixReplacement::TakeOver(const struct stat& old) {
   mode_t mode = old.st_mode & 07777;
   const int file = file_.Get();
-  if (fchown(file, old.st_uid, old.st_gid) != 0) {
+  const bool isSameOwner = fchown(file, old.st_uid, old.st_gid) == 0;
+  if (!isSameOwner) {
     mode &= 01777;
     // The group's rights were meant for another group.
     if (fchown(file, static_cast<uid_t>(-1), old.st_gid) != 0) mode &= ~070u | ((mode & 7u) << 3);
   }
   if (fchmod(file, mode) != 0) Fail(u"write", errno);
+  TakeOverAttributes(isSameOwner);
+}
+
+/// What the system keeps in attributes, rights among them, was meant for the old owner. Attributes
+/// of others than users may be for administrators alone to set.
+void PosixReplacement::TakeOverAttributes(bool isSameOwner) {
+  const std::optional<std::string> names = AttributeNames(target_);
+  if (!names && errno != ENOTSUP && errno != ENOENT) Fail(u"write", errno);
+  if (!names) return;
+  for (std::size_t at = 0; at < names->size(); at = names->find('\0', at) + 1) {
+    const std::string_view name = names->c_str() + at;
+    const bool isUsers = name.starts_with("user.");
+    if (!isUsers && !isSameOwner) continue;
+    const int code = CopyAttribute(target_, file_.Get(), name.data());
+    if (code != 0 && code != ENOTSUP && (isUsers || code != EPERM)) Fail(u"write", code);
+  }
 }
 
 /// Brings the sibling to its end, ready to be renamed.
 void PosixReplacement::Finish() {
   if (old_) TakeOver(*old_);
-  const bool synced = old_ || newFile_ == NewFile::Synced;
-  if (synced && fsync(file_.Get()) != 0) Fail(u"write", errno);
+  if (old_ || newFile_ == NewFile::OnDisk) {
+    if (const int code = Synced(file_.Get())) Fail(u"write", code);
+  }
   if (const int code = file_.Close()) Fail(u"write", code);
 }
 
@@ -156,7 +212,7 @@ void PosixReplacement::PutInPlace() {
   int code = standing ? Renamed(sibling_, target_) : RenameWithoutReplacing(sibling_, target_);
   if (!standing && code == EEXIST) {
     // A file has come to stand there meanwhile: its mode and owner count.
-    file_ = Descriptor(open(sibling_.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW));
+    file_ = OpenDescriptor(sibling_, O_WRONLY | O_NOFOLLOW);
     if (!file_.IsOpen()) Fail(u"replace", errno);
     standing = Standing();
     if (standing) old_ = standing;
@@ -177,10 +233,21 @@ void PosixReplacement::Commit() {
   state_->siblings.Gone();
   const std::string folder = HostFolderOf(target_);
   state_->names.Added(folder, HostNameOf(target_));
-  if (!old_ && newFile_ == NewFile::Unsynced) return;
-  // Should this fail, a power cut may bring back the old file, whole; the new one stands.
-  const Descriptor handle(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (handle.IsOpen()) fsync(handle.Get());
+  if (old_ || newFile_ == NewFile::OnDisk) SyncFolders();
+}
+
+/// Brings the file's name to the disk, and those of the folders above it that are new. Should that
+/// fail where an old file was replaced, a power cut may bring it back, whole; where there was none
+/// the user's only copy may go, so that is a failure though the file stands.
+void PosixReplacement::SyncFolders() {
+  std::string folder = HostFolderOf(target_);
+  int code = SyncedFolder(folder);
+  while (code == 0 && state_->newFolders.erase(folder) > 0) {
+    folder = HostFolderOf(folder);
+    code = SyncedFolder(folder);
+  }
+  // Some file systems know no such thing.
+  if (code != 0 && code != EINVAL && !old_) Fail(u"sync", code);
 }
 
 void PosixReplacement::Drop() {

@@ -3,7 +3,9 @@
 #include <sys/stat.h>
 
 #include <optional>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "platform/BufferedReplacement.h"
 #include "platform/Siblings.h"
@@ -16,14 +18,13 @@ class PosixFileReader;
 
 /// What the parts of one PosixFiles share; a replacement may outlive the Files that began it.
 struct PosixState {
-  explicit PosixState(std::string journalFolder) : siblings(std::move(journalFolder)) {}
+  explicit PosixState(std::vector<std::string> journalFolders)
+      : siblings(std::move(journalFolders)) {}
 
   NameLookup names;
   Siblings siblings;
+  std::set<std::string> newFolders;  ///< Made by us, and perhaps not on the disk yet.
 };
-
-/// Whether a file that replaces none is on the disk when Commit returns.
-enum class NewFile { Unsynced, Synced };
 
 class PosixReplacement : public BufferedReplacement {
  public:
@@ -43,8 +44,10 @@ class PosixReplacement : public BufferedReplacement {
   void WriteOut(FileTextView bytes) override;
   std::uint64_t CopyInKernel(PosixFileReader& source, std::uint64_t position, std::uint64_t count);
   void TakeOver(const struct stat& old);
+  void TakeOverAttributes(bool isSameOwner);
   void Finish();
   void PutInPlace();
+  void SyncFolders();
   void Drop();
 
   std::shared_ptr<PosixState> state_;

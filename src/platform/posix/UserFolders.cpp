@@ -34,9 +34,12 @@ std::string HomeFolder() {
   return user && user->pw_dir ? user->pw_dir : "";
 }
 
-std::string DefaultJournalFolder() {
+std::vector<std::string> DefaultJournalFolders() {
+  std::vector<std::string> folders;
   const std::string base = BaseFolder("XDG_STATE_HOME", ".local/state");
-  return base.empty() ? base : JoinHostPath(base, "tarvo-packager");
+  if (!base.empty()) folders.push_back(JoinHostPath(base, "tarvo-packager"));
+  folders.push_back("/var/tmp/tarvo-packager-" + std::to_string(geteuid()));
+  return folders;
 }
 
 std::string DefaultSettingsFile() {

@@ -3,6 +3,7 @@
 #include <sys/types.h>
 
 #include <string>
+#include <vector>
 
 namespace tarvo {
 
@@ -11,8 +12,9 @@ namespace tarvo {
 /// The user's home folder; empty when the system knows none.
 std::string HomeFolder();
 
-/// $XDG_STATE_HOME/tarvo-packager, by default ~/.local/state/tarvo-packager; empty without a home.
-std::string DefaultJournalFolder();
+/// $XDG_STATE_HOME/tarvo-packager, by default ~/.local/state/tarvo-packager; behind it a folder for
+/// when that can't be used, which stands when the machine starts anew: /var/tmp/tarvo-packager-UID.
+std::vector<std::string> DefaultJournalFolders();
 
 /// $XDG_CONFIG_HOME/tarvo-packager/settings.ini, by default below ~/.config; empty without a home.
 std::string DefaultSettingsFile();

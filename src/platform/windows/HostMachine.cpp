@@ -2,6 +2,7 @@
 
 #include "platform/SystemClock.h"
 #include "platform/windows/UserFolders.h"
+#include "platform/windows/WindowsFiles.h"
 #include "platform/windows/WindowsLocale.h"
 #include "platform/windows/WindowsRegistry.h"
 #include "platform/windows/WindowsSettings.h"
@@ -10,7 +11,7 @@ namespace tarvo {
 
 HostMachine OpenHostMachine() {
   HostMachine machine;
-  machine.files = OpenFiles(DefaultJournalFolder());
+  machine.files = std::make_unique<WindowsFiles>(DefaultJournalFolders());
   machine.files->RemoveAbandoned();
   machine.settings = std::make_unique<WindowsSettings>();
   machine.registry = std::make_unique<WindowsRegistry>();

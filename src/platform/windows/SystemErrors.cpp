@@ -1,9 +1,26 @@
 #include <windows.h>
 
+#include <algorithm>
+#include <iterator>
+
 #include "platform/PlatformError.h"
 #include "platform/windows/Wide.h"
 
 namespace tarvo {
+
+bool SaysNothingThere(int code) {
+  constexpr int kCodes[] = {
+      ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND, ERROR_INVALID_NAME, ERROR_BAD_PATHNAME,
+      ERROR_DIRECTORY,      ERROR_INVALID_DRIVE,  ERROR_BAD_NETPATH,  ERROR_FILENAME_EXCED_RANGE,
+      ERROR_BAD_NET_NAME};
+  return std::ranges::find(kCodes, code) != std::end(kCodes);
+}
+
+bool SaysNotAllowed(int code) {
+  constexpr int kCodes[] = {ERROR_ACCESS_DENIED, ERROR_WRITE_PROTECT, ERROR_NOT_SUPPORTED,
+                            ERROR_INVALID_FUNCTION, ERROR_PRIVILEGE_NOT_HELD};
+  return std::ranges::find(kCodes, code) != std::end(kCodes);
+}
 
 Text SystemErrorText(int code) {
   wchar_t words[1024];

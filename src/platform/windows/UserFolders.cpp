@@ -20,8 +20,13 @@ std::string BelowLocalData(std::wstring_view name) {
 
 }  // namespace
 
-std::string DefaultJournalFolder() {
-  return BelowLocalData(L"Tarvo Packager\\Journal");
+std::vector<std::string> DefaultJournalFolders() {
+  constexpr std::wstring_view kName = L"Tarvo Packager\\Journal";
+  std::wstring temporary(MAX_PATH + 1, L'\0');
+  temporary.resize(GetTempPathW(static_cast<DWORD>(temporary.size()), temporary.data()));
+  while (temporary.ends_with(L'\\')) temporary.pop_back();
+  return {BelowLocalData(kName),
+          temporary.empty() ? std::string() : NarrowHostPath(JoinHostPath(temporary, kName))};
 }
 
 std::string DefaultProgramFolder() {

@@ -1,14 +1,16 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace tarvo {
 
 /// Where the program keeps what belongs to the user, in UTF-8. Nothing is made here. Each is empty
 /// when the system knows no folder for such data.
 
-/// The folder of the journal of temporary files: %LOCALAPPDATA%\Tarvo Packager\Journal.
-std::string DefaultJournalFolder();
+/// The folders that may take the journal of temporary files: %LOCALAPPDATA%\Tarvo Packager\Journal,
+/// and the same below the folder for temporary files where that can't be used.
+std::vector<std::string> DefaultJournalFolders();
 
 /// The user's own program folder: %LOCALAPPDATA%\Tarvo Packager.
 std::string DefaultProgramFolder();

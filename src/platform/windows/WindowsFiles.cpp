@@ -4,6 +4,7 @@
 #include "platform/PlatformError.h"
 #include "platform/windows/HostPaths.h"
 #include "platform/windows/WindowsFileReader.h"
+#include "platform/windows/WindowsFolderLock.h"
 
 namespace tarvo {
 namespace {
@@ -42,29 +43,36 @@ FileState Look(TextView path) {
   return *state;
 }
 
-std::optional<FileState> FileAt(TextView path) {
+/// What stands at a path; nothing where nothing does.
+std::optional<FileState> Standing(TextView path) {
   const std::optional<HostParts> parts = SplitGamePath(path);
-  if (!parts || parts->EndsInSeparator) return std::nullopt;
+  if (!parts) return std::nullopt;
   const std::optional<FileState> state = StateOf(parts->Path);
+  if (!state && !SaysNothingThere(LastSystemError())) Fail(u"look at", path);
+  return state;
+}
+
+std::optional<FileState> FileAt(TextView path) {
+  const bool endsInSeparator = path.ends_with(u'\\') || path.ends_with(u'/');
+  const std::optional<FileState> state = endsInSeparator ? std::nullopt : Standing(path);
   return state && !state->IsFolder() ? state : std::nullopt;
 }
 
 }  // namespace
 
 std::unique_ptr<Files> OpenFiles(std::string journalFolder) {
-  return std::make_unique<WindowsFiles>(std::move(journalFolder));
+  return std::make_unique<WindowsFiles>(std::vector{std::move(journalFolder)});
 }
 
-WindowsFiles::WindowsFiles(std::string journalFolder)
-    : state_(std::make_shared<WindowsState>(std::move(journalFolder))) {}
+WindowsFiles::WindowsFiles(std::vector<std::string> journalFolders)
+    : state_(std::make_shared<WindowsState>(std::move(journalFolders))) {}
 
 bool WindowsFiles::FileExists(TextView path) {
   return FileAt(path).has_value();
 }
 
 bool WindowsFiles::FolderExists(TextView path) {
-  const std::optional<HostParts> parts = SplitGamePath(path);
-  const std::optional<FileState> state = parts ? StateOf(parts->Path) : std::nullopt;
+  const std::optional<FileState> state = Standing(path);
   return state && state->IsFolder();
 }
 
@@ -98,8 +106,8 @@ std::unique_ptr<FileReader> WindowsFiles::Open(TextView path) {
   return std::make_unique<WindowsFileReader>(FilePath(u"open", path), path);
 }
 
-std::unique_ptr<FileReplacement> WindowsFiles::Replace(TextView path) {
-  return std::make_unique<WindowsReplacement>(state_, PartsOf(u"replace", path), path);
+std::unique_ptr<FileReplacement> WindowsFiles::Replace(TextView path, NewFile newFile) {
+  return std::make_unique<WindowsReplacement>(state_, PartsOf(u"replace", path), path, newFile);
 }
 
 void WindowsFiles::MakeEmptyFile(TextView path) {
@@ -152,12 +160,16 @@ void WindowsFiles::Rename(TextView from, TextView to) {
   const std::optional<FileState> state = StateOf(source);
   if (!state && !IsLink(source)) Fail(u"rename", from);
   if (state && state->IsFolder()) Fail(u"rename", from, ERROR_ACCESS_DENIED);
-  const int code = MoveWhenFree(source, target, false);
+  const int code = MoveWhenFree(source, target, 0);
   if (code == ERROR_ALREADY_EXISTS || code == ERROR_FILE_EXISTS) {
     Fail(u"rename", to, ERROR_ALREADY_EXISTS);
   }
   if (code != 0) Fail(u"rename", from, code);
   if (state_->unsynced.erase(source) > 0) state_->unsynced.insert(target);
+}
+
+LockAttempt WindowsFiles::TryLock(TextView folder, TextView purpose) {
+  return WindowsFolderLock::Try(state_, FolderPath(u"lock", folder), folder, purpose);
 }
 
 std::vector<Text> WindowsFiles::Drives() {

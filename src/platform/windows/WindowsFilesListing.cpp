@@ -1,3 +1,5 @@
+#include <memory>
+
 #include "platform/NameLists.h"
 #include "platform/PlatformError.h"
 #include "platform/windows/Wide.h"
@@ -11,11 +13,15 @@ bool IsFolder(const WIN32_FIND_DATAW& entry) {
   return (entry.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-/// True for an entry of the wanted kind; links count as what they lead to.
+/// True for an entry of the wanted kind; links count as what they lead to, and are of neither kind
+/// where they lead nowhere.
 bool IsOfKind(const std::wstring& folder, const WIN32_FIND_DATAW& entry, bool folders) {
   const bool isLink = (entry.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
   if (!isLink) return IsFolder(entry) == folders;
-  const std::optional<FileState> state = StateOf(JoinHostPath(folder, entry.cFileName));
+  const std::wstring path = JoinHostPath(folder, entry.cFileName);
+  const std::optional<FileState> state = StateOf(path);
+  const int code = LastSystemError();
+  if (!state && !SaysNothingThere(code)) throw PlatformError(u"look at", GamePathOf(path), code);
   return state && state->IsFolder() == folders;
 }
 
@@ -31,11 +37,6 @@ void CheckDeletable(const std::wstring& hostPath, TextView path) {
   if (!state) throw PlatformError(u"delete", Text(path), code);
   if (state->IsFolder()) throw PlatformError(u"delete", Text(path), ERROR_ACCESS_DENIED);
   if (state->IsReadOnly()) throw PlatformError(u"delete", Text(path), ERROR_ACCESS_DENIED);
-}
-
-void RemoveFile(const std::wstring& hostPath, TextView path) {
-  CheckDeletable(hostPath, path);
-  if (!DeleteFileW(hostPath.c_str())) throw PlatformError(u"delete", Text(path), LastSystemError());
 }
 
 }  // namespace
@@ -55,13 +56,13 @@ std::vector<Text> WindowsFiles::Listed(TextView path, bool folders) {
     if (code == ERROR_FILE_NOT_FOUND && StateOf(parts->Path)) return {};
     throw PlatformError(u"list", Text(path), code);
   }
+  const std::unique_ptr<void, BOOL(WINAPI*)(HANDLE)> ending(search, FindClose);
   std::vector<Text> names;
   do {
     Text name = TextFromWide(entry.cFileName);
     if (IsShown(name) && IsOfKind(parts->Path, entry, folders)) names.push_back(std::move(name));
   } while (FindNextFileW(search, &entry));
   const int code = LastSystemError();
-  FindClose(search);
   if (code != ERROR_NO_MORE_FILES) throw PlatformError(u"list", Text(path), code);
   return names;
 }
@@ -76,34 +77,15 @@ std::vector<Text> WindowsFiles::FolderNames(TextView folder) {
   return SortedNames(Listed(folder, true));
 }
 
-void WindowsFiles::Remove(TextView pathOrPattern) {
-  const std::size_t separator = pathOrPattern.find_last_of(u"\\/");
-  const std::size_t nameAt = separator == TextView::npos ? 0 : separator + 1;
-  if (pathOrPattern.find_first_of(u"*?", nameAt) != TextView::npos) {
-    return RemoveMatching(pathOrPattern, nameAt);
-  }
-  const std::optional<HostParts> parts = SplitGamePath(pathOrPattern);
+void WindowsFiles::Remove(TextView path) {
+  const std::optional<HostParts> parts = SplitGamePath(path);
   if (!parts || parts->EndsInSeparator) {
-    throw PlatformError(u"delete", Text(pathOrPattern), ERROR_INVALID_NAME);
+    throw PlatformError(u"delete", Text(path), ERROR_INVALID_NAME);
   }
-  RemoveFile(parts->Path, pathOrPattern);
-}
-
-/// Nothing goes when one of the files is read-only.
-void WindowsFiles::RemoveMatching(TextView pattern, std::size_t nameAt) {
-  const TextView folder = pattern.substr(0, nameAt);
-  std::vector<std::wstring> paths;
-  try {
-    for (const Text& name : Listed(folder, false)) {
-      if (!MatchesPattern(name, pattern.substr(nameAt))) continue;
-      paths.push_back(JoinHostPath(SplitGamePath(folder)->Path, Wide(name)));
-    }
-  } catch (const PlatformError& error) {
-    throw PlatformError(u"delete", Text(pattern), error.Code);
+  CheckDeletable(parts->Path, path);
+  if (!DeleteFileW(parts->Path.c_str())) {
+    throw PlatformError(u"delete", Text(path), LastSystemError());
   }
-  if (paths.empty()) throw PlatformError(u"delete", Text(pattern), ERROR_FILE_NOT_FOUND);
-  for (const std::wstring& path : paths) CheckDeletable(path, pattern);
-  for (const std::wstring& path : paths) RemoveFile(path, pattern);
 }
 
 }  // namespace tarvo

@@ -3,6 +3,7 @@
 #include "platform/windows/HostPaths.h"
 #include "platform/windows/UserFolders.h"
 #include "platform/windows/Wide.h"
+#include "platform/windows/WindowsFolderLock.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
@@ -23,14 +24,15 @@ class WindowsJournal : public Journal {
     return written;
   }
 
-  std::string ReadAll() override {
+  std::optional<std::string> ReadAll() override {
     std::string text;
     char block[4096];
     DWORD count = 0;
-    while (ReadFile(file_.Get(), block, sizeof block, &count, nullptr) && count > 0) {
+    while (ReadFile(file_.Get(), block, sizeof block, &count, nullptr)) {
+      if (count == 0) return text;
       text.append(block, count);
     }
-    return text;
+    return std::nullopt;
   }
 
   void Delete() override {
@@ -74,12 +76,17 @@ std::optional<std::vector<std::string>> NamesInHostFolder(const std::string& fol
   do {
     names.push_back(Utf8FromText(TextFromWide(found.cFileName)));
   } while (FindNextFileW(search, &found));
+  const bool isWhole = GetLastError() == ERROR_NO_MORE_FILES;
   FindClose(search);
-  return names;
+  return isWhole ? std::optional(names) : std::nullopt;
 }
 
 bool RemoveHostFile(const std::string& folder, const std::string& name) {
   return DeleteFileW(PathIn(folder, name).c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND;
+}
+
+bool RemoveAbandonedLock(const std::string& folder) {
+  return WindowsFolderLock::RemoveAbandoned(WideHostPath(folder));
 }
 
 bool IsWholeHostPath(std::string_view path) {

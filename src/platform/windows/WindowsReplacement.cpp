@@ -30,8 +30,7 @@ std::wstring AsSpelledOnDisk(const std::wstring& hostPath) {
 
 }  // namespace
 
-int MoveWhenFree(const std::wstring& from, const std::wstring& to, bool replaces) {
-  const DWORD flags = replaces ? MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH : 0;
+int MoveWhenFree(const std::wstring& from, const std::wstring& to, DWORD flags) {
   const ULONGLONG start = GetTickCount64();
   for (DWORD pause = 1;; pause = std::min<DWORD>(2 * pause, 100)) {
     if (MoveFileExW(from.c_str(), to.c_str(), flags)) return 0;
@@ -42,8 +41,8 @@ int MoveWhenFree(const std::wstring& from, const std::wstring& to, bool replaces
 }
 
 WindowsReplacement::WindowsReplacement(std::shared_ptr<WindowsState> state, const HostParts& target,
-                                       TextView path)
-    : BufferedReplacement(path), state_(std::move(state)) {
+                                       TextView path, NewFile newFile)
+    : BufferedReplacement(path), state_(std::move(state)), newFile_(newFile) {
   if (target.EndsInSeparator) Fail(u"replace", ERROR_ACCESS_DENIED);
   FindTarget(target.Path);
   old_ = Standing();
@@ -110,7 +109,7 @@ void WindowsReplacement::WriteOut(FileTextView bytes) {
 /// Brings the sibling to its end, ready to be moved.
 void WindowsReplacement::Finish() {
   if (!file_.IsOpen()) return;
-  if (old_ && !FlushFileBuffers(file_.Get())) Fail(u"write", LastSystemError());
+  if (IsWaitedFor() && !FlushFileBuffers(file_.Get())) Fail(u"write", LastSystemError());
   file_.Close();
 }
 
@@ -126,7 +125,9 @@ void WindowsReplacement::PutInPlace() {
     if (marks != 0 && !SetFileAttributesW(sibling_.c_str(), marks | FILE_ATTRIBUTE_ARCHIVE)) {
       Fail(u"write", LastSystemError());
     }
-    code = MoveWhenFree(sibling_, target_, standing.has_value());
+    const DWORD replacing = standing ? MOVEFILE_REPLACE_EXISTING : 0;
+    const DWORD waiting = IsWaitedFor() ? MOVEFILE_WRITE_THROUGH : 0;
+    code = MoveWhenFree(sibling_, target_, replacing | waiting);
     if (standing || code != ERROR_ALREADY_EXISTS) break;
     // A file has come to stand there meanwhile: its attributes count.
     standing = Standing();
@@ -144,7 +145,7 @@ void WindowsReplacement::Commit() {
   }
   sibling_.clear();
   state_->siblings.Gone();
-  if (!old_) state_->unsynced.insert(target_);
+  if (!IsWaitedFor()) state_->unsynced.insert(target_);
 }
 
 void WindowsReplacement::Drop() {

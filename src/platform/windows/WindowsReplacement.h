@@ -3,6 +3,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "platform/BufferedReplacement.h"
 #include "platform/Siblings.h"
@@ -13,7 +14,8 @@ namespace tarvo {
 
 /// What the parts of one WindowsFiles share; a replacement may outlive the Files that began it.
 struct WindowsState {
-  explicit WindowsState(std::string journalFolder) : siblings(std::move(journalFolder)) {}
+  explicit WindowsState(std::vector<std::string> journalFolders)
+      : siblings(std::move(journalFolders)) {}
 
   Siblings siblings;
   std::set<std::wstring> unsynced;  ///< New files that may still be on their way to the disk.
@@ -25,7 +27,8 @@ class WindowsReplacement : public BufferedReplacement {
  public:
   /// Begins the file that will stand at `target`. `path` names the file in errors. Throws
   /// PlatformError as Files::Replace does.
-  WindowsReplacement(std::shared_ptr<WindowsState> state, const HostParts& target, TextView path);
+  WindowsReplacement(std::shared_ptr<WindowsState> state, const HostParts& target, TextView path,
+                     NewFile newFile);
   ~WindowsReplacement() override { Drop(); }
 
   void Commit() override;
@@ -39,15 +42,18 @@ class WindowsReplacement : public BufferedReplacement {
   void PutInPlace();
   void Drop();
 
+  bool IsWaitedFor() const { return old_ || newFile_ == NewFile::OnDisk; }
+
   std::shared_ptr<WindowsState> state_;
+  NewFile newFile_;
   std::wstring target_;
   std::optional<FileState> old_;  ///< Of the file to be replaced, as last seen.
   std::wstring sibling_;          ///< Empty when there is none.
   Handle file_;
 };
 
-/// Moves a file, over another one where `replaces`. Gives 0, or the code of the failure once
-/// a second has passed in which another program held one of them.
-int MoveWhenFree(const std::wstring& from, const std::wstring& to, bool replaces);
+/// Moves a file by the flags of MoveFileExW. Gives 0, or the code of the failure once a second has
+/// passed in which another program held one of them.
+int MoveWhenFree(const std::wstring& from, const std::wstring& to, DWORD flags);
 
 }  // namespace tarvo

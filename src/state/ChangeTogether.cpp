@@ -1,0 +1,236 @@
+#include "state/ChangeTogether.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "platform/FileCopies.h"
+#include "platform/Files.h"
+#include "platform/Guarded.h"
+#include "state/CommonUtilities.h"
+#include "state/Shell.h"
+#include "state/UnfinishedNote.h"
+#include "text/LetterCase.h"
+#include "text/Utf8.h"
+
+namespace tarvo {
+namespace {
+
+Text NotesFolder(const Application& app) {
+  return app.ProgramFolder + u"\\Backup\\Unfinished";
+}
+
+/// The path of a note on the present game, whichever way led to its folder.
+Text NotePath(Application& app, TextView ending) {
+  const Text game = FoldCase(app.machine.files.RealPath(app.State.GamePath));
+  std::ostringstream name;
+  name << std::hex << HashOf(Utf8FromText(game));
+  return NotesFolder(app) + u"\\" + TextFromUtf8(name.str()) + Text(ending);
+}
+
+Text ChangeNotePath(Application& app) {
+  return NotePath(app, u".change");
+}
+
+void WriteNote(Application& app, const Text& path, const FileText& text) {
+  MakeFolders(app.machine.files, NotesFolder(app));
+  WriteWhole(app.machine.files, path, text);
+}
+
+/// What stands at a path; nothing for no file.
+std::optional<FileText> BytesAt(Files& files, const Text& path) {
+  if (!files.FileExists(path)) return {};
+  return ReadWhole(files, path).Bytes();
+}
+
+void PutBytes(Files& files, const Text& path, const std::optional<FileText>& bytes) {
+  if (bytes) {
+    WriteWhole(files, path, *bytes);
+  } else if (files.FileExists(path)) {
+    files.Remove(path);
+  }
+}
+
+std::optional<std::uint64_t> HashOf(const std::optional<FileText>& bytes) {
+  return bytes ? std::optional(tarvo::HashOf(*bytes)) : std::nullopt;
+}
+
+/// One change. All new files are written before the first takes its place, so that a full disk or a
+/// file that can't be written shows while nothing has changed.
+class Change {
+ public:
+  Change(Application& app, const std::vector<FileChange>& changes)
+      : app_(app), files_(app.machine.files), changes_(changes) {}
+
+  void Run() {
+    Prepare();
+    TakeNote();
+    try {
+      for (; done_ < changes_.size(); ++done_) Apply(done_);
+    } catch (const PlatformError&) {
+      PutBack();
+      throw;
+    }
+    DropNote();
+  }
+
+ private:
+  void Prepare() {
+    for (const FileChange& change : changes_) {
+      before_.push_back(BytesAt(files_, change.Path));
+      replacements_.push_back(change.Bytes ? files_.Replace(change.Path) : nullptr);
+      if (change.Bytes) replacements_.back()->Write(*change.Bytes);
+    }
+  }
+
+  /// Without a folder for notes it is done all the same, one file after the other.
+  void TakeNote() {
+    std::vector<NotedFile> noted;
+    for (std::size_t i = 0; i < changes_.size(); ++i) {
+      noted.push_back({changes_[i].Path, HashOf(before_[i]), changes_[i].Bytes});
+    }
+    try {
+      note_ = ChangeNotePath(app_);
+      WriteNote(app_, note_, NoteText(noted));
+    } catch (const PlatformError& error) {
+      if (!SaysNotAllowed(error.Code)) throw;
+      note_.clear();
+    }
+  }
+
+  void Apply(std::size_t i) {
+    if (replacements_[i]) {
+      replacements_[i]->Commit();
+    } else if (before_[i]) {
+      files_.Remove(changes_[i].Path);
+    }
+  }
+
+  /// The file that failed may have been changed as well.
+  void PutBack() {
+    try {
+      for (std::size_t i = std::min(done_ + 1, changes_.size()); i-- > 0;) {
+        if (BytesAt(files_, changes_[i].Path) == before_[i]) continue;
+        PutBytes(files_, changes_[i].Path, before_[i]);
+      }
+    } catch (const PlatformError& error) {
+      NoteFailure(app_, error);
+      return;
+    }
+    DropNote();
+  }
+
+  /// A note that can't be deleted is found to be done with by the next start.
+  void DropNote() {
+    if (!note_.empty()) Guarded([&] { files_.Remove(note_); });
+  }
+
+  Application& app_;
+  Files& files_;
+  const std::vector<FileChange>& changes_;
+  std::vector<std::optional<FileText>> before_;
+  std::vector<std::unique_ptr<FileReplacement>> replacements_;
+  Text note_;             ///< Its path; empty where there is none.
+  std::size_t done_ = 0;  ///< Files that stand as they are to be.
+};
+
+/// Completes what a note tells; gives the files that were still to be changed.
+std::vector<Text> Complete(Application& app, const std::vector<NotedFile>& noted) {
+  Files& files = app.machine.files;
+  std::vector<Text> changed;
+  for (const NotedFile& file : noted) {
+    const std::optional<FileText> now = BytesAt(files, file.Path);
+    if (now == file.After) continue;
+    if (HashOf(now) != file.Before) {
+      app.shell->TellAside(file.Path + u" was to be changed together with others, and has been " +
+                           u"changed by somebody else since: it stays as it is.");
+      continue;
+    }
+    PutBytes(files, file.Path, file.After);
+    changed.push_back(file.Path);
+  }
+  return changed;
+}
+
+Text InstallsPath(Application& app) {
+  return NotePath(app, u".installs");
+}
+
+void WriteInstalls(Application& app, const std::vector<Text>& packages) {
+  const Text path = InstallsPath(app);
+  FileText text;
+  for (const Text& package : packages) text += Utf8FromText(package) + "\n";
+  try {
+    if (!packages.empty()) {
+      WriteNote(app, path, text);
+    } else if (app.machine.files.FileExists(path)) {
+      app.machine.files.Remove(path);
+    }
+  } catch (const PlatformError& error) {
+    if (!SaysNotAllowed(error.Code)) throw;
+  }
+}
+
+std::vector<Text> ReadInstalls(Application& app) {
+  std::istringstream lines(BytesAt(app.machine.files, InstallsPath(app)).value_or(FileText()));
+  std::vector<Text> packages;
+  for (std::string line; std::getline(lines, line);) packages.push_back(TextFromUtf8(line));
+  return packages;
+}
+
+}  // namespace
+
+void ChangeTogether(Application& app, const std::vector<FileChange>& changes) {
+  Change(app, changes).Run();
+}
+
+bool HasUnfinishedChange(Application& app) {
+  bool has = false;
+  if (app.State.GamePath.empty()) return false;
+  NotingFailures(app, [&] {
+    if (!app.machine.files.FolderExists(NotesFolder(app))) return;
+    has = app.machine.files.FileExists(ChangeNotePath(app));
+  });
+  return has;
+}
+
+void FinishChange(Application& app) {
+  if (!HasUnfinishedChange(app)) return;
+  NotingFailures(app, [&] {
+    const Text path = ChangeNotePath(app);
+    const auto noted = ParseNote(ReadWhole(app.machine.files, path).Bytes());
+    if (noted) {
+      for (const Text& file : Complete(app, *noted)) {
+        app.shell->TellAside(u"A change that was cut short has been completed: " + file);
+      }
+    }
+    app.machine.files.Remove(path);
+  });
+}
+
+void BeginInstall(Application& app, const Text& package) {
+  std::vector<Text> packages = ReadInstalls(app);
+  if (std::ranges::find(packages, package) != packages.end()) return;
+  packages.push_back(package);
+  WriteInstalls(app, packages);
+}
+
+void EndInstall(Application& app, const Text& package) {
+  std::vector<Text> packages = ReadInstalls(app);
+  std::erase(packages, package);
+  WriteInstalls(app, packages);
+}
+
+std::vector<Text> UnfinishedInstalls(Application& app) {
+  std::vector<Text> packages;
+  if (app.State.GamePath.empty()) return packages;
+  NotingFailures(app, [&] {
+    if (app.machine.files.FolderExists(NotesFolder(app))) packages = ReadInstalls(app);
+  });
+  return packages;
+}
+
+void ForgetUnfinishedInstalls(Application& app) {
+  NotingFailures(app, [&] { WriteInstalls(app, {}); });
+}
+
+}  // namespace tarvo
