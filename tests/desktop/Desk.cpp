@@ -40,13 +40,13 @@ void ListenForComplaints() {
 
 Desk::Desk() {
   forms_.SetScreens(screens_);
-  for (const char16_t* folder : {u"Z:\\games", u"Z:\\games\\data", u"Z:\\games\\scripts",
-                                 u"Z:\\games\\scripts\\Custom", u"Z:\\games\\sfx"}) {
-    files_.PutFolder(folder);
-  }
   for (const char16_t* file : {u"Z:\\games\\App.py", u"Z:\\games\\Bridge.py", u"Z:\\games\\Load.py",
                                u"Z:\\games\\stbc.exe"}) {
-    files_.PutFile(file, "x");
+    files_.Put(file, "x");
+  }
+  for (const char16_t* folder : {u"Z:\\games\\data", u"Z:\\games\\scripts",
+                                 u"Z:\\games\\scripts\\Custom", u"Z:\\games\\sfx"}) {
+    files_.MakeFolder(folder);
   }
 }
 

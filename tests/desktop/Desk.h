@@ -41,7 +41,7 @@ class Desk : public testing::Test {
   /// A pixel as the X server has it, read with no event loop turning.
   static QColor Pixel(QPoint place);
 
-  FakeFiles files_;
+  MemoryFiles files_;
   QtForms forms_;
   Screens screens_{forms_};
 };

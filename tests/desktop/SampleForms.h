@@ -1,6 +1,5 @@
 #pragma once
 
-#include "FakeFiles.h"
 #include "controls/Button.h"
 #include "controls/CheckBox.h"
 #include "controls/ComboBox.h"
@@ -16,6 +15,7 @@
 #include "controls/StatusBar.h"
 #include "controls/TextBox.h"
 #include "controls/Timer.h"
+#include "support/MemoryFiles.h"
 
 namespace tarvo::test {
 

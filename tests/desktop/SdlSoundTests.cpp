@@ -8,9 +8,9 @@
 #include <filesystem>
 #include <thread>
 
-#include "FakeFiles.h"
 #include "WaveFile.h"
 #include "desktop/SdlSound.h"
+#include "support/MemoryFiles.h"
 
 namespace tarvo::test {
 namespace {
@@ -67,10 +67,10 @@ class Recorder {
 class SoundTest : public testing::Test {
  protected:
   SoundTest() {
-    files_.PutFile(u"short", WaveFile(300, kLow));
-    files_.PutFile(u"half", WaveFile(500, kLow));
-    files_.PutFile(u"high", WaveFile(400, kHigh));
-    files_.PutFile(u"broken", "RIFF and then nothing of the kind");
+    files_.Put(u"Z:\\short", WaveFile(300, kLow));
+    files_.Put(u"Z:\\half", WaveFile(500, kLow));
+    files_.Put(u"Z:\\high", WaveFile(400, kHigh));
+    files_.Put(u"Z:\\broken", "RIFF and then nothing of the kind");
   }
 
   std::chrono::milliseconds Took(TextView file, unsigned flags) {
@@ -79,7 +79,7 @@ class SoundTest : public testing::Test {
     return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
   }
 
-  FakeFiles files_;
+  MemoryFiles files_;
   std::unique_ptr<SdlSound> sound_ = std::make_unique<SdlSound>(files_);
 };
 
@@ -90,7 +90,7 @@ using HungSoundServer = SoundTest;
 TEST_F(SoundServer, PlayToEndWaitsForTheEnd) {
   Recorder recorder;
   for (int turn = 0; turn < 3; ++turn) {
-    const auto took = Took(u"half", kPlayToEnd);
+    const auto took = Took(u"Z:\\half", kPlayToEnd);
     RecordProperty("waited", static_cast<int>(took.count()));
     EXPECT_GE(took, 480ms);
     EXPECT_LE(took, 760ms);
@@ -101,12 +101,12 @@ TEST_F(SoundServer, PlayToEndWaitsForTheEnd) {
 
 TEST_F(SoundServer, NoStopStaysSilentWhileSomethingPlays) {
   Recorder recorder;
-  EXPECT_LT(Took(u"half", kPlay), 50ms);
-  EXPECT_LT(Took(u"high", kPlayUnlessBusy), 50ms);
+  EXPECT_LT(Took(u"Z:\\half", kPlay), 50ms);
+  EXPECT_LT(Took(u"Z:\\high", kPlayUnlessBusy), 50ms);
   std::this_thread::sleep_for(200ms);
-  EXPECT_LT(Took(u"high", kPlayToEndUnlessBusy), 50ms);
+  EXPECT_LT(Took(u"Z:\\high", kPlayToEndUnlessBusy), 50ms);
   std::this_thread::sleep_for(700ms);
-  EXPECT_GE(Took(u"high", kPlayToEndUnlessBusy), 380ms) << "now it is free";
+  EXPECT_GE(Took(u"Z:\\high", kPlayToEndUnlessBusy), 380ms) << "now it is free";
   const auto heard = recorder.Stop();
   EXPECT_NEAR(heard.low, 500, 60);
   EXPECT_NEAR(heard.high, 400, 60);
@@ -114,11 +114,11 @@ TEST_F(SoundServer, NoStopStaysSilentWhileSomethingPlays) {
 
 TEST_F(SoundServer, ALoopGoesOnUntilTheNextSound) {
   Recorder recorder;
-  sound_->Play(u"short", kPlayLoop);
+  sound_->Play(u"Z:\\short", kPlayLoop);
   std::this_thread::sleep_for(1s);
-  sound_->Play(u"high", kPlayUnlessBusy);
+  sound_->Play(u"Z:\\high", kPlayUnlessBusy);
   std::this_thread::sleep_for(200ms);
-  EXPECT_GE(Took(u"high", kPlayToEnd), 380ms);
+  EXPECT_GE(Took(u"Z:\\high", kPlayToEnd), 380ms);
   std::this_thread::sleep_for(400ms);
   const auto heard = recorder.Stop();
   EXPECT_NEAR(heard.low, 1200, 150);
@@ -126,9 +126,9 @@ TEST_F(SoundServer, ALoopGoesOnUntilTheNextSound) {
 }
 
 TEST_F(SoundServer, WhatCantBePlayedEndsTheSoundBeforeIt) {
-  for (const char16_t* file : {u"missing", u"broken"}) {
+  for (const char16_t* file : {u"Z:\\missing", u"Z:\\broken"}) {
     Recorder recorder;
-    sound_->Play(u"short", kPlayLoop);
+    sound_->Play(u"Z:\\short", kPlayLoop);
     std::this_thread::sleep_for(500ms);
     sound_->Play(file, kPlayUnlessBusy);
     std::this_thread::sleep_for(200ms);
@@ -142,11 +142,11 @@ TEST_F(NoSoundServer, IsSilenceAtOnce) {
   setenv("PULSE_SERVER", "unix:/nowhere/socket", 1);
   testing::internal::CaptureStdout();
   testing::internal::CaptureStderr();
-  EXPECT_LT(Took(u"half", kPlay), 50ms);
-  EXPECT_LE(Took(u"half", kPlayToEnd), 780ms);
+  EXPECT_LT(Took(u"Z:\\half", kPlay), 50ms);
+  EXPECT_LE(Took(u"Z:\\half", kPlayToEnd), 780ms);
   std::this_thread::sleep_for(1s);
   for (const unsigned flags : {kPlayToEnd, kPlayLoop, kPlayToEndUnlessBusy}) {
-    EXPECT_LT(Took(u"half", flags), 20ms);
+    EXPECT_LT(Took(u"Z:\\half", flags), 20ms);
   }
   sound_.reset();
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
@@ -164,9 +164,9 @@ TEST_F(HungSoundServer, CostsNoMoreThanTheSoundsOwnTime) {
   ASSERT_EQ(listen(server, 8), 0);
   setenv("PULSE_SERVER", ("unix:" + path).c_str(), 1);
 
-  EXPECT_LT(Took(u"half", kPlay), 50ms);
-  EXPECT_LE(Took(u"half", kPlayToEnd), 780ms);
-  EXPECT_LT(Took(u"high", kPlayToEndUnlessBusy), 50ms) << "the one before never ended";
+  EXPECT_LT(Took(u"Z:\\half", kPlay), 50ms);
+  EXPECT_LE(Took(u"Z:\\half", kPlayToEnd), 780ms);
+  EXPECT_LT(Took(u"Z:\\high", kPlayToEndUnlessBusy), 50ms) << "the one before never ended";
   const auto start = Clock::now();
   sound_.reset();
   EXPECT_LT(Clock::now() - start, 400ms);

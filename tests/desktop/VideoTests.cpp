@@ -21,7 +21,7 @@ class FilmForm : public Form {
     BackColour = Colour{90, 0, 0};
     Move(3000, 3000, 6000, 4500);
     player.Move(750, 750, 3105, 2565);
-    player.FileName = u"film";
+    player.FileName = u"Z:\\film";
   }
 
   MediaPlayer player;
@@ -33,12 +33,12 @@ class Player : public Desk {
     QFile film(QStringLiteral(TARVO_FILMS "/LCARS_Options.MOV"));
     EXPECT_TRUE(film.open(QIODevice::ReadOnly));
     const FileText bytes = film.readAll().toStdString();
-    files.PutFile(u"film", bytes);
-    files.PutFile(u"cut", bytes.substr(0, bytes.size() / 2));
+    files.Put(u"Z:\\film", bytes);
+    files.Put(u"Z:\\cut", bytes.substr(0, bytes.size() / 2));
     FileText spoilt = bytes;
     for (std::size_t at = 2000; at < 60000; at += 7) spoilt[at] ^= 0x5A;
-    files.PutFile(u"spoilt", spoilt);
-    files.PutFile(u"text", "no film at all");
+    files.Put(u"Z:\\spoilt", spoilt);
+    files.Put(u"Z:\\text", "no film at all");
   }
 
   FilmForm& Show() {
@@ -64,14 +64,14 @@ class Player : public Desk {
     form.player.OnOpened = nullptr;
   }
 
-  FakeFiles files;
+  MemoryFiles files;
   FilmVideo video{files, {QStringLiteral(TARVO_PROGRAM_FOLDER)}};
 };
 
 TEST_F(Player, ShowsChangingPicturesUntilItStops) {
   FilmForm& form = Show();
   const QImage empty = Seen(form);
-  Start(form, u"film");
+  Start(form, u"Z:\\film");
   EXPECT_EQ(form.player.Pictures().size(), 90u);
   EXPECT_EQ(form.player.Pictures()[0]->Width, 207);
   EXPECT_EQ(form.player.Pictures()[0]->Height, 171);
@@ -80,13 +80,13 @@ TEST_F(Player, ShowsChangingPicturesUntilItStops) {
   EXPECT_TRUE(Until([&] { return Seen(form) != first; }));
   form.player.Stop();
   EXPECT_TRUE(Until([&] { return Seen(form) == empty; }));
-  Start(form, u"film");
+  Start(form, u"Z:\\film");
   EXPECT_TRUE(Until([&] { return Seen(form) != empty; })) << "and starts again";
 }
 
 TEST_F(Player, ComesRoundWithoutAJump) {
   FilmForm& form = Show();
-  Start(form, u"film");
+  Start(form, u"Z:\\film");
   const VideoPictures pictures = form.player.Pictures();
   ASSERT_GT(pictures.size(), 2u);
   const auto change = [](const VideoPicture& a, const VideoPicture& b) {
@@ -108,7 +108,7 @@ TEST_F(Player, IsEmptyWithWhatCantBePlayed) {
   FilmForm& form = Show();
   const QImage empty = Seen(form);
   testing::internal::CaptureStderr();
-  for (const char16_t* file : {u"missing", u"text", u"cut", u"spoilt"}) {
+  for (const char16_t* file : {u"Z:\\missing", u"Z:\\text", u"Z:\\cut", u"Z:\\spoilt"}) {
     Start(form, file);
     EXPECT_TRUE(form.player.Pictures().empty()) << ToQt(file).toStdString();
     EXPECT_EQ(Seen(form), empty);
@@ -117,7 +117,7 @@ TEST_F(Player, IsEmptyWithWhatCantBePlayed) {
   FilmVideo without{files, {QStringLiteral("/nowhere")}};
   bool told = false;
   const auto opening = without.Open(
-      u"film", 10, 10, [&](const VideoPictures& pictures) { told = pictures.empty(); });
+      u"Z:\\film", 10, 10, [&](const VideoPictures& pictures) { told = pictures.empty(); });
   EXPECT_TRUE(Until([&] { return told; })) << "the module is missing";
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
@@ -139,7 +139,7 @@ TEST_F(Player, StartsAndStopsInNoTime) {
 TEST_F(Player, RestsWhileNobodySeesIt) {
   FilmForm& form = Show();
   const QImage empty = Seen(form);
-  Start(form, u"film");
+  Start(form, u"Z:\\film");
   EXPECT_TRUE(Until([&] { return Seen(form) != empty; }));
   const auto rests = [&] {
     const QImage before = Seen(form);

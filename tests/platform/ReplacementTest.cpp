@@ -8,9 +8,11 @@
 namespace tarvo::test {
 namespace {
 
-class ReplacementTest : public FilesFixture {};
+class ReplacementTest : public AnyFiles {};
 
-TEST_F(ReplacementTest, WritesPiecesOfAllSizes) {
+TARVO_ANY_FILES(ReplacementTest);
+
+TEST_P(ReplacementTest, WritesPiecesOfAllSizes) {
   std::string expected;
   const auto file = files.Replace(folder.Game(u"file"));
   for (const std::size_t size : {1u, 10u, 65525u, 1u, 0u, 65536u, 200000u, 65535u, 2u, 30u}) {
@@ -19,25 +21,26 @@ TEST_F(ReplacementTest, WritesPiecesOfAllSizes) {
     expected += piece;
   }
   file->Commit();
-  EXPECT_EQ(folder.Get("file"), expected);
-  EXPECT_EQ(folder.Entries(), 1u);
+  EXPECT_EQ(Get("file"), expected);
+  EXPECT_EQ(Entries(), 1u);
 }
 
-TEST_F(ReplacementTest, LeavesTheOldFileUntilCommit) {
-  folder.Put("File", "old");
+TEST_P(ReplacementTest, LeavesTheOldFileUntilCommit) {
+  Put("File", "old");
   {
     const auto file = files.Replace(folder.Game(u"FILE"));
     file->Write("new");
-    EXPECT_EQ(folder.Get("File"), "old");
+    EXPECT_EQ(Get("File"), "old");
     EXPECT_EQ(files.FileNames(folder.Game()), std::vector<Text>{u"File"});
   }
-  EXPECT_EQ(folder.Get("File"), "old");
+  EXPECT_EQ(Get("File"), "old");
   Write(u"fiLE", "new");
-  EXPECT_EQ(folder.Get("File"), "new");
-  EXPECT_EQ(folder.Entries(), 1u);
+  EXPECT_EQ(Get("File"), "new");
+  EXPECT_EQ(Entries(), 1u);
 }
 
-TEST_F(ReplacementTest, MayOutliveTheFilesThatBeganIt) {
+TEST(Replacement, MayOutliveTheFilesThatBeganIt) {
+  const TemporaryFolder folder;
   auto shortLived = OpenFiles(folder.Host("journal"));
   auto file = shortLived->Replace(folder.Game(u"file"));
   shortLived.reset();
@@ -48,10 +51,10 @@ TEST_F(ReplacementTest, MayOutliveTheFilesThatBeganIt) {
   EXPECT_EQ(folder.Entries("journal"), 0u);
 }
 
-TEST_F(ReplacementTest, RefusesBeforeAByteIsWritten) {
-  folder.Put("readonly", "old");
+TEST_P(ReplacementTest, RefusesBeforeAByteIsWritten) {
+  Put("readonly", "old");
   files.SetAttributes(folder.Game(u"readonly"), kReadOnlyFile);
-  folder.Put("folder/x", "");
+  Put("folder/x", "");
   const struct {
     TextView Name;
     int Code;
@@ -64,23 +67,23 @@ TEST_F(ReplacementTest, RefusesBeforeAByteIsWritten) {
         << testing::PrintToString(name);
   }
   EXPECT_EQ(CodeOf([&] { files.Replace(u"x"); }), kLeadsNowhere);
-  EXPECT_EQ(folder.Entries(), 2u);
-  EXPECT_EQ(folder.Get("readonly"), "old");
+  EXPECT_EQ(Entries(), 2u);
+  EXPECT_EQ(Get("readonly"), "old");
 }
 
-TEST_F(ReplacementTest, RespectsAFileThatAppearsMeanwhile) {
+TEST_P(ReplacementTest, RespectsAFileThatAppearsMeanwhile) {
   const auto file = files.Replace(folder.Game(u"file"));
   file->Write("ours");
-  folder.Put("file", "theirs");
+  Put("file", "theirs");
   file->Commit();
-  EXPECT_EQ(folder.Get("file"), "ours");
+  EXPECT_EQ(Get("file"), "ours");
 
   const auto refused = files.Replace(folder.Game(u"other"));
-  folder.Put("other", "theirs");
+  Put("other", "theirs");
   files.SetAttributes(folder.Game(u"other"), kReadOnlyFile);
   EXPECT_EQ(CodeOf([&] { refused->Commit(); }), kAccessDenied);
-  EXPECT_EQ(folder.Get("other"), "theirs");
-  EXPECT_EQ(folder.Entries(), 2u);
+  EXPECT_EQ(Get("other"), "theirs");
+  EXPECT_EQ(Entries(), 2u);
 }
 
 }  // namespace

@@ -97,7 +97,7 @@ FileText FileOf(const std::vector<TGLString>& strings) {
 /// Adds the strings in their own order and updates, then loads the file and updates again: both
 /// times it must be the file put together by hand.
 void ExpectComesBack(std::vector<TGLString> strings) {
-  TestFiles files;
+  MemoryFiles files;
   TGLFile made(files);
   for (const TGLString& string : strings) {
     const auto entry = made.Strings().Add(string.Name, u"", u"");
@@ -107,7 +107,7 @@ void ExpectComesBack(std::vector<TGLString> strings) {
   made.Update(kPath);
   ExchangeSort(strings);
   const FileText wanted = FileOf(strings);
-  ASSERT_TRUE(files[kPath] == wanted);
+  ASSERT_TRUE(files.Bytes(kPath) == wanted);
 
   TGLFile loaded(files);
   loaded.SetFilename(kPath);
@@ -115,10 +115,10 @@ void ExpectComesBack(std::vector<TGLString> strings) {
   // Strings that were looked at and strings that weren't take different ways to the file.
   loaded.Strings().Item(loaded.Strings().Count() / 2 + 1);
   loaded.Update(u"Z:\\again.TGL");
-  ASSERT_TRUE(files[u"Z:\\again.TGL"] == wanted);
+  ASSERT_TRUE(files.Bytes(u"Z:\\again.TGL") == wanted);
   ASSERT_EQ(Records(loaded.Strings()), strings);
   loaded.Update(kPath, true);
-  ASSERT_TRUE(files[kPath] == wanted);
+  ASSERT_TRUE(files.Bytes(kPath) == wanted);
 }
 
 TEST(DatabaseTest, TenThousandGeneratedDatabasesComeBackByteForByte) {
@@ -140,10 +140,10 @@ TEST(DatabaseTest, ThousandsOfStringsComeBackByteForByte) {
 // A loaded collection and a plain list go through the same changes.
 TEST(DatabaseTest, KeysPlacesAndFileStayInStepThroughManyChanges) {
   Random random(1701);
-  TestFiles files;
+  MemoryFiles files;
   std::vector<TGLString> pool = AnyStrings(random, 600);
   std::vector<TGLString> model(pool.begin(), pool.begin() + 300);
-  files[kPath] = FileOf(model);
+  files.Put(kPath, FileOf(model));
   TGLFile file(files);
   file.SetFilename(kPath);
   file.Load();
@@ -167,7 +167,7 @@ TEST(DatabaseTest, KeysPlacesAndFileStayInStepThroughManyChanges) {
   ASSERT_EQ(Records(file.Strings()), model);
   file.Update(kPath, true);
   ExchangeSort(model);
-  EXPECT_TRUE(files[kPath] == FileOf(model));
+  EXPECT_TRUE(files.Bytes(kPath) == FileOf(model));
 }
 
 }  // namespace

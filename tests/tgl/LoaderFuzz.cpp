@@ -5,12 +5,8 @@
 #include <cstdlib>
 #include <functional>
 #include <initializer_list>
-#include <memory>
-#include <optional>
-#include <span>
-#include <vector>
 
-#include "platform/Files.h"
+#include "support/MemoryFiles.h"
 #include "text/RaisedError.h"
 #include "tgl/TGLFile.h"
 #include "tgl/TGLFileRep.h"
@@ -19,59 +15,13 @@
 namespace {
 
 using namespace tarvo;
+using test::MemoryFiles;
+
+constexpr TextView kPath = u"Z:\\x.TGL";
 
 void Expect(bool holds) {
   if (!holds) std::abort();
 }
-
-/// One file, whatever its path. What the library has no use for ends the run.
-class OneFile : public Files {
- public:
-  FileText Bytes;
-
-  bool FileExists(TextView) override { return true; }
-  std::unique_ptr<FileReader> Open(TextView) override { return std::make_unique<Reader>(Bytes); }
-  std::unique_ptr<FileReplacement> Replace(TextView, NewFile) override {
-    return std::make_unique<Replacement>(Bytes);
-  }
-
-  bool FolderExists(TextView) override { std::abort(); }
-  std::optional<FileStamp> Stamp(TextView) override { std::abort(); }
-  std::uint64_t FileSize(TextView) override { std::abort(); }
-  unsigned Attributes(TextView) override { std::abort(); }
-  void SetAttributes(TextView, unsigned) override { std::abort(); }
-  void MakeEmptyFile(TextView) override { std::abort(); }
-  void MakeFolder(TextView) override { std::abort(); }
-  void RemoveFolder(TextView) override { std::abort(); }
-  Text RealPath(TextView) override { std::abort(); }
-  void Sync(TextView) override { std::abort(); }
-  LockAttempt TryLock(TextView, TextView) override { std::abort(); }
-  void Rename(TextView, TextView) override { std::abort(); }
-  void Remove(TextView) override { std::abort(); }
-  std::vector<Text> FileNames(TextView, TextView) override { std::abort(); }
-  std::vector<Text> FolderNames(TextView) override { std::abort(); }
-  std::vector<Text> Drives() override { std::abort(); }
-  void RemoveAbandoned() override { std::abort(); }
-
- private:
-  struct Reader : FileReader {
-    explicit Reader(const FileText& bytes) : Whole(bytes) {}
-    std::uint64_t Size() const override { return Whole.size(); }
-    std::size_t ReadAt(std::uint64_t position, std::span<char> block) override {
-      return Whole.copy(block.data(), block.size(), position);
-    }
-    const FileText& Whole;
-  };
-
-  struct Replacement : FileReplacement {
-    explicit Replacement(FileText& target) : Target(target) {}
-    void Write(FileTextView bytes) override { Grown += bytes; }
-    std::uint64_t CopyFrom(FileReader&, std::uint64_t, std::uint64_t) override { std::abort(); }
-    void Commit() override { Target = Grown; }
-    FileText& Target;
-    FileText Grown;
-  };
-};
 
 /// Runs a step that may raise an error from one of the named sources; true when it doesn't.
 bool Allowed(std::initializer_list<TextView> sources, const std::function<void()>& step) {
@@ -87,35 +37,35 @@ bool Allowed(std::initializer_list<TextView> sources, const std::function<void()
 }
 
 void LoadAndRewrite(const FileText& bytes) {
-  OneFile disk;
-  disk.Bytes = bytes;
+  static MemoryFiles disk;
+  disk.Put(kPath, bytes);
   TGLFile file(disk);
-  file.SetFilename(u"x");
+  file.SetFilename(kPath);
   if (!Allowed({u"TGLFileRep.ReadFile"}, [&] { file.Load(); })) return;
   for (std::int32_t i = 1; i <= file.Strings().Count(); i += 2) {
     Expect(file.Strings().Lookup(file.Strings().Item(i)->Name) == file.Strings().Item(i));
   }
-  if (!Allowed({u"TGLFileRep.Write_SortString"}, [&] { file.Update(u"x", true); })) return;
-  const FileText written = disk.Bytes;
+  if (!Allowed({u"TGLFileRep.Write_SortString"}, [&] { file.Update(kPath, true); })) return;
+  const FileText written = disk.Bytes(kPath);
   const std::int32_t count = file.Strings().Count();
   file.Load();
   Expect(file.Strings().Count() == count);
-  file.Update(u"x", true);
-  Expect(disk.Bytes == written);
+  file.Update(kPath, true);
+  Expect(disk.Bytes(kPath) == written);
 }
 
 void Repair(const FileText& bytes) {
-  OneFile disk;
-  disk.Bytes = bytes;
+  static MemoryFiles disk;
+  disk.Put(kPath, bytes);
   TGLFileRep rep(disk);
   TGLRepaired repaired;
   if (!Allowed({u"TGLFileRep.ReadFile"},
-               [&] { repaired = RepairTGLStrings(rep.ReadEntries(u"x")); })) {
+               [&] { repaired = RepairTGLStrings(rep.ReadEntries(kPath)); })) {
     return;
   }
   if (repaired.Strings.Count() == 0) return;
-  rep.WriteFile(u"x", &repaired.Strings, true);
-  Expect(rep.ReadFile(u"x").Count() == repaired.Strings.Count());
+  rep.WriteFile(kPath, &repaired.Strings, true);
+  Expect(rep.ReadFile(kPath).Count() == repaired.Strings.Count());
 }
 
 }  // namespace

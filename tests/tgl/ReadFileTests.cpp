@@ -21,8 +21,8 @@ FileText Header(std::int32_t count, std::int32_t major = 1, std::int32_t minor =
 }
 
 std::vector<TGLString> Loaded(const FileText& bytes) {
-  TestFiles files;
-  files[kPath] = bytes;
+  MemoryFiles files;
+  files.Put(kPath, bytes);
   return Records(TGLFileRep(files).ReadFile(kPath));
 }
 
@@ -97,45 +97,45 @@ TEST(ReadFileTest, EveryByteAndUnitComesThrough) {
   for (const char16_t unit : data) bytes += {static_cast<char>(unit), static_cast<char>(unit >> 8)};
   bytes += FileText(2, '\0') + Long(256) + names + '\0';
 
-  TestFiles files;
-  files[kPath] = bytes;
+  MemoryFiles files;
+  files.Put(kPath, bytes);
   TGLFile file(files);
   file.SetFilename(kPath);
   file.Load();
   EXPECT_EQ(file.Strings().Item(1)->Data, data);
   file.Update(kPath, true);
-  EXPECT_EQ(files[kPath], bytes);
+  EXPECT_EQ(files.Bytes(kPath), bytes);
 }
 
 TEST(ReadFileTest, NamesOfFilesThatCantBeRead) {
-  TestFiles files;
-  files[kPath] = kExampleFile;
+  MemoryFiles disk;
+  disk.Put(kPath, kExampleFile);
+  FailingFiles files(disk);
   TGLFileRep rep(files);
   EXPECT_EQ(Raised([&] { rep.ReadFile(u" "); }),
             kReadFailed + "No source filename specified.  Load failed.");
   EXPECT_EQ(Raised([&] { rep.ReadFile(u"Z:\\bc\\none.TGL"); }),
             kReadFailed + "Couldn't find source file 'Z:\\bc\\none.TGL.'  Load failed.");
-  for (const int step : {0, 1}) {
+  for (const auto step : {test::FileStep::Open, test::FileStep::Read}) {
     rep.ReadFile(kPath);
     EXPECT_EQ(rep.MajorVersion(), 1);
-    files.StepsLeft = step;
+    files.Fail(step, 1, kReadFault);
     EXPECT_EQ(Raised([&] { rep.ReadFile(kPath); }),
-              kReadFailed + Utf8FromText(SystemErrorText(kDiskFull)));
+              kReadFailed + Utf8FromText(SystemErrorText(kReadFault)));
     EXPECT_EQ(rep.MajorVersion(), 0);
-    files.StepsLeft = -1;
   }
 }
 
 TEST(ReadFileTest, AFailedLoadLeavesTheStringsAndTheObject) {
-  TestFiles files;
-  files[kPath] = kExampleFile.substr(0, 0x2F);
+  MemoryFiles files;
+  files.Put(kPath, kExampleFile.substr(0, 0x2F));
   TGLFile file(files);
   file.SetFilename(u"  " + kPath + u" ");
   EXPECT_EQ(file.Filename(), kPath);
   file.Strings().Add(u"kept", u"d", u"m");
   EXPECT_NE(Raised([&] { file.Load(); }), "");
   EXPECT_EQ(file.Strings().Item(1)->Name, u"kept");
-  files[kPath] = kExampleFile;
+  files.Put(kPath, kExampleFile);
   file.Load();
   EXPECT_EQ(Records(file.Strings()), (std::vector<TGLString>{kExample[1], kExample[0]}));
 }

@@ -22,8 +22,8 @@ FileText FileOf(const std::vector<FileText>& names) {
 }
 
 TEST(RepairTest, DropsWhatTheLoaderRefusesAndWritesTheRest) {
-  TestFiles files;
-  files[kPath] = FileOf({"", "Ship365020", "No", "nO", "  ", "Ship216254", "Yes", "No"});
+  MemoryFiles files;
+  files.Put(kPath, FileOf({"", "Ship365020", "No", "nO", "  ", "Ship216254", "Yes", "No"}));
   TGLFileRep rep(files);
   EXPECT_NE(Raised([&] { rep.ReadFile(kPath); }), "");
 
@@ -59,8 +59,8 @@ TEST(RepairTest, EmptyFieldsStayEmpty) {
 }
 
 TEST(RepairTest, ACutFileKeepsTheNamesThatItHolds) {
-  TestFiles files;
-  files[kPath] = kExampleFile.substr(0, 0x2F);
+  MemoryFiles files;
+  files.Put(kPath, kExampleFile.substr(0, 0x2F));
   const std::vector<TGLString> entries = TGLFileRep(files).ReadEntries(kPath);
   EXPECT_EQ(entries, (std::vector<TGLString>{{u"No", u"", u""}, {u"", u"", u""}}));
 }
@@ -81,8 +81,8 @@ TEST(RepairTest, RefusesWhatIsNoDatabase) {
       {header + Long(178000000), "The file ends inside its offset blocks."},
   };
   for (const auto& [bytes, words] : cases) {
-    TestFiles files;
-    files[kPath] = bytes;
+    MemoryFiles files;
+    files.Put(kPath, bytes);
     EXPECT_EQ(Raised([&] { TGLFileRep(files).ReadEntries(kPath); }), failed + words);
   }
 }

@@ -33,8 +33,8 @@ TEST(VBFileStreamTest, StringsEndAtTheirTerminatorTheirCountOrTheFile) {
       {"a 0 byte alone ends no unit", "0041 0000", StringType::SixteenBit, -1, u"\u4100", 5},
   };
   for (const auto& item : cases) {
-    TestFiles files;
-    files[kPath] = Bytes(item.File);
+    MemoryFiles files;
+    files.Put(kPath, Bytes(item.File));
     VBFileStream stream(files);
     stream.OpenFile(kPath, Access::Read);
     EXPECT_EQ(stream.ReadString(item.Form, item.Count), item.Read) << item.Case;
@@ -43,8 +43,8 @@ TEST(VBFileStreamTest, StringsEndAtTheirTerminatorTheirCountOrTheFile) {
 }
 
 TEST(VBFileStreamTest, NumbersAreLittleEndianAndPastTheEndZero) {
-  TestFiles files;
-  files[kPath] = Bytes("04030280 FFFFFFFF 0102");
+  MemoryFiles files;
+  files.Put(kPath, Bytes("04030280 FFFFFFFF 0102"));
   VBFileStream stream(files);
   stream.OpenFile(kPath, Access::Read);
   EXPECT_EQ(stream.FileSize(), 10);
@@ -57,14 +57,14 @@ TEST(VBFileStreamTest, NumbersAreLittleEndianAndPastTheEndZero) {
 }
 
 TEST(VBFileStreamTest, WritesTerminatorsAndReplacesOnlyWhenClosed) {
-  TestFiles files;
-  files[kPath] = "a longer old file";
+  MemoryFiles files;
+  files.Put(kPath, "a longer old file");
   {
     VBFileStream dropped(files);
     dropped.OpenFile(kPath, Access::Replace);
     dropped.WriteLong(1);
   }
-  EXPECT_EQ(files[kPath], "a longer old file");
+  EXPECT_EQ(files.Bytes(kPath), "a longer old file");
 
   VBFileStream stream(files);
   stream.OpenFile(kPath, Access::Replace);
@@ -76,22 +76,22 @@ TEST(VBFileStreamTest, WritesTerminatorsAndReplacesOnlyWhenClosed) {
   EXPECT_EQ(stream.FileSize(), 15);
   EXPECT_EQ(stream.CurrentFilePos(), 16);
   stream.CloseFile();
-  EXPECT_EQ(files[kPath], Bytes("00 0000 80783F00 34120000 FEFFFFFF"));
+  EXPECT_EQ(files.Bytes(kPath), Bytes("00 0000 80783F00 34120000 FEFFFFFF"));
 }
 
 TEST(VBFileStreamTest, CountsWhatHasLeftMemoryAsWell) {
-  TestFiles files;
+  MemoryFiles files;
   VBFileStream stream(files);
   stream.OpenFile(kPath, Access::Replace);
   for (int i = 0; i < 3; ++i) stream.WriteString(FileText(300000, 'x'), StringType::SingleByte);
   EXPECT_EQ(stream.FileSize(), 900003);
   stream.CloseFile();
-  EXPECT_EQ(files[kPath].size(), 900003u);
+  EXPECT_EQ(files.Bytes(kPath).size(), 900003u);
 }
 
 TEST(VBFileStreamTest, RefusesWhatIsNotOpen) {
-  TestFiles files;
-  files[kPath] = "x";
+  MemoryFiles files;
+  files.Put(kPath, "x");
   const char* notOpen =
       "FileStream.ValidateFileHandle: Invalid file handle.  VBFileStream has not been opened!";
   VBFileStream stream(files);
@@ -111,8 +111,8 @@ TEST(VBFileStreamTest, RefusesWhatIsNotOpen) {
 }
 
 TEST(FileHelpersTest, FilesFoldersAndWildcardsCountAsExisting) {
-  TestFiles files;
-  files[u"Z:\\bc\\data\\Ships.TGL"] = "x";
+  MemoryFiles files;
+  files.Put(u"Z:\\bc\\data\\Ships.TGL", "x");
   const struct {
     Text Name;
     bool Exists;

@@ -6,14 +6,18 @@
 #include <string>
 #include <vector>
 
-#include "MemoryFiles.h"
+#include "support/FailingFiles.h"
+#include "support/MemoryFiles.h"
 #include "text/RaisedError.h"
 #include "text/Utf8.h"
 #include "tgl/TGLStrings.h"
 
 namespace tarvo {
 
-inline const Text kPath = u"Z:\\bc\\data\\TGL\\Ships.TGL";
+using test::FailingFiles;
+using test::MemoryFiles;
+
+inline const Text kPath = u"Z:\\Ships.TGL";
 
 /// The bytes of a text of hexadecimal digits.
 inline FileText Bytes(std::string_view hex) {

@@ -18,18 +18,18 @@ TGLFile ExampleIn(Files& files) {
 }
 
 TEST(UpdateTest, TheWorkedExampleGivesItsBytesAndKeepsTheCollectionsOrder) {
-  TestFiles files;
-  files[kPath] = FileText(200, 'x');
+  MemoryFiles files;
+  files.Put(kPath, FileText(200, 'x'));
   TGLFile file = ExampleIn(files);
   file.Update(file.Filename(), true);
-  EXPECT_EQ(files[kPath], kExampleFile);
+  EXPECT_EQ(files.Bytes(kPath), kExampleFile);
   EXPECT_EQ(kExampleFile.size(), 88u);
   EXPECT_EQ(Records(file.Strings()), kExample);
 }
 
 TEST(UpdateTest, ChangedEntriesAndNamesReachTheFile) {
-  TestFiles files;
-  files[kPath] = kExampleFile + "tail";
+  MemoryFiles files;
+  files.Put(kPath, kExampleFile + "tail");
   TGLFile file(files);
   file.SetFilename(kPath);
   file.Load();
@@ -37,12 +37,12 @@ TEST(UpdateTest, ChangedEntriesAndNamesReachTheFile) {
   file.Strings().Lookup(u"yes")->Data = u"";
   file.Strings().Remove(u"no");
   file.Update(kPath, true);
-  EXPECT_EQ(files[kPath], kExampleFile.substr(0, 12) + Long(1) + FileText(12, '\0') +
-                              Bytes("02000000 4100 01000000 0000 08000000 5965732E77617600"));
+  EXPECT_EQ(files.Bytes(kPath), kExampleFile.substr(0, 12) + Long(1) + FileText(12, '\0') +
+                                    Bytes("02000000 4100 01000000 0000 08000000 5965732E77617600"));
 }
 
 TEST(UpdateTest, Refusals) {
-  TestFiles files;
+  MemoryFiles files;
   TGLFile file = ExampleIn(files);
   EXPECT_EQ(Raised([&] { file.Update(u" ", true); }),
             "TGLFile.Update: No output filename specified!  Update failed.");
@@ -51,13 +51,13 @@ TEST(UpdateTest, Refusals) {
   EXPECT_EQ(Raised([&] { TGLFile(files).Update(kPath, true); }),
             "TGLFile.Update: There are no TGL strings in the Strings() collection!  Update "
             "failed.");
-  EXPECT_TRUE(files.Contents.empty());
+  EXPECT_FALSE(files.FileExists(kPath));
 
   file.Update(kPath);
-  EXPECT_EQ(files[kPath], kExampleFile);
-  files[kPath] = "old";
+  EXPECT_EQ(files.Bytes(kPath), kExampleFile);
+  files.Put(kPath, "old");
   EXPECT_EQ(Raised([&] { file.Update(kPath); }),
-            "TGLFile.Update: Output file 'Z:\\bc\\data\\TGL\\Ships.TGL' already exists and "
+            "TGLFile.Update: Output file 'Z:\\Ships.TGL' already exists and "
             "Overwrite parameter is False.  Update failed.");
 
   file.Strings().Add(u"Ship365020", u"d", u"m");
@@ -65,30 +65,31 @@ TEST(UpdateTest, Refusals) {
   EXPECT_EQ(Raised([&] { file.Update(kPath, true); }),
             "TGLFileRep.Write_SortString: An error occurred in while hashing the strings.  Error: "
             "The names 'Ship365020' and 'Ship216254' have one hash, 74ED6A00.");
-  EXPECT_EQ(files[kPath], "old");
+  EXPECT_EQ(files.Bytes(kPath), "old");
 }
 
 TEST(UpdateTest, WhateverStepFailsTheOldFileStands) {
-  TestFiles files;
+  MemoryFiles disk;
+  FailingFiles files(disk);
   TGLFile file = ExampleIn(files);
   for (const auto& string : file.Strings()) string->Data = Text(200000, u'x');  // Several writes.
   file.Update(kPath, true);
-  const FileText wanted = files[kPath];
-  const int steps = files.StepsDone;
+  const FileText wanted = disk.Bytes(kPath);
+  const int steps = files.AllSteps();
   EXPECT_GT(steps, 4);
-  for (int step = 0; step < steps; ++step) {
-    files[kPath] = "old";
-    files.StepsLeft = step;
+  for (int step = 1; step <= steps; ++step) {
+    disk.Put(kPath, "old");
+    files.FailAny(step, kDiskFull);
     EXPECT_EQ(Raised([&] { file.Update(kPath, true); }),
               "helper_CopyFile: Failed to copy file 'the new Ships.TGL' to "
-              "'Z:\\bc\\data\\TGL\\Ships.TGL'\r\nReason: " +
+              "'Z:\\Ships.TGL'\r\nReason: " +
                   Utf8FromText(SystemErrorText(kDiskFull)))
         << step;
-    EXPECT_EQ(files[kPath], "old") << step;
+    EXPECT_EQ(disk.Bytes(kPath), "old") << step;
+    files.Heal();
   }
-  files.StepsLeft = steps;
   file.Update(kPath, true);
-  EXPECT_EQ(files[kPath], wanted);
+  EXPECT_EQ(disk.Bytes(kPath), wanted);
 }
 
 }  // namespace
