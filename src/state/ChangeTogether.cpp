@@ -42,11 +42,13 @@ std::optional<FileText> BytesAt(Files& files, const Text& path) {
   return ReadWhole(files, path).Bytes();
 }
 
+/// It is on the disk when this returns, a deletion as well: the note goes afterwards.
 void PutBytes(Files& files, const Text& path, const std::optional<FileText>& bytes) {
   if (bytes) {
     WriteWhole(files, path, *bytes);
   } else if (files.FileExists(path)) {
     files.Remove(path);
+    files.Sync(path.substr(0, path.rfind(u'\\')));
   }
 }
 
@@ -100,8 +102,8 @@ class Change {
   void Apply(std::size_t i) {
     if (replacements_[i]) {
       replacements_[i]->Commit();
-    } else if (before_[i]) {
-      files_.Remove(changes_[i].Path);
+    } else {
+      PutBytes(files_, changes_[i].Path, {});
     }
   }
 

@@ -64,6 +64,7 @@ class Upgrade {
     WriteNote();
     BringToDisk();
     DeleteOld();
+    BringToDisk();
     files_.Remove(NotePath(app_));
   }
 
@@ -112,7 +113,7 @@ class Upgrade {
     if (files_.FileExists(to)) {
       CheckElsewhere(to);
       if (SameBytes(files_, from, to)) return;
-      Keep(to, below);
+      Keep(to, below, NewFile::OnDisk);
       ClearReadOnly(app_, to);
     }
     CopyOneFile(files_, from, to, NewFile::Later);
@@ -147,7 +148,7 @@ class Upgrade {
     const Text to = NewPlace(below);
     // Two scripts whose names differ in letter case alone have only one place to go to.
     const bool hasCopy = !to.empty() && files_.FileExists(to) && SameBytes(files_, path, to);
-    copies_[path] = hasCopy ? to : Keep(path, below);
+    copies_[path] = hasCopy ? to : Keep(path, below, NewFile::Later);
     doomed_.push_back(path);
   }
 
@@ -162,7 +163,7 @@ class Upgrade {
   }
 
   /// Copies a file to the kept ones, unless one of them holds its bytes. Gives the copy.
-  Text Keep(const Text& path, const Text& below) {
+  Text Keep(const Text& path, const Text& below, NewFile newFile) {
     const Text place = KeptFolder(app_) + below;
     const Text folder = place.substr(0, place.rfind(u'\\'));
     MakeFolders(files_, folder);
@@ -171,14 +172,14 @@ class Upgrade {
       if (files_.FolderExists(kept)) continue;
       const bool stands = files_.FileExists(kept);
       if (stands && !SameBytes(files_, path, kept)) continue;
-      if (!stands) CopyOneFile(files_, path, kept, NewFile::Later);
+      if (!stands) CopyOneFile(files_, path, kept, newFile);
       return kept;
     }
   }
 
   void WriteNote() { WriteWhole(files_, NotePath(app_), NoteBytes(app_)); }
 
-  /// The copies, before the first original goes.
+  /// The copies, before the first original goes; and the deletions, before the note goes.
   void BringToDisk() {
     for (const Text& folder : {InGame(kShips), InGame(kAutoload), KeptFolder(app_)}) {
       if (files_.FolderExists(folder)) files_.Sync(folder);

@@ -26,6 +26,22 @@ inline std::string SystemWords(int code) {
   return Utf8FromText(SystemErrorText(code));
 }
 
+/// Runs a command line on the doors; the words after "tarvo" and the global options.
+inline Outcome RunTool(const SessionDoors& doors, const SessionOptions& options,
+                       std::vector<std::string> words,
+                       std::function<std::optional<std::string>()> readLine) {
+  CLI::App parser;
+  Command command;
+  AddCommands(parser, command);
+  std::reverse(words.begin(), words.end());
+  parser.parse(std::move(words));
+  std::ostringstream results;
+  std::ostringstream said;
+  Session session(doors, options, results, said, std::move(readLine));
+  const int status = command(session);
+  return {status, results.str(), said.str()};
+}
+
 class Console : public testing::Test {
  protected:
   void SetUp() override {
@@ -39,26 +55,13 @@ class Console : public testing::Test {
 
   /// Runs a command line; the words after "tarvo" and the global options.
   Outcome Do(std::vector<std::string> words) {
-    CLI::App parser;
-    Command command;
-    AddCommands(parser, command);
-    std::reverse(words.begin(), words.end());
-    parser.parse(std::move(words));
-    return Do(command);
-  }
-
-  Outcome Do(const Command& command) {
-    std::ostringstream results;
-    std::ostringstream words;
-    Session session({files, settings, registry, locale, clock}, options, results, words,
-                    [this]() -> std::optional<std::string> {
-                      if (typed.empty()) return {};
-                      std::string line = typed.front();
-                      typed.pop_front();
-                      return line;
-                    });
-    const int status = command(session);
-    return {status, results.str(), words.str()};
+    return RunTool({files, settings, registry, locale, clock}, options, std::move(words),
+                   [this]() -> std::optional<std::string> {
+                     if (typed.empty()) return {};
+                     std::string line = typed.front();
+                     typed.pop_front();
+                     return line;
+                   });
   }
 
   TemporaryFolder folder;

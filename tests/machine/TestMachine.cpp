@@ -25,7 +25,8 @@ TestMachine::TestMachine() {
   settings.Write(u"Tarvo Packager", u"Settings", u"GamePath", GameFolder());
 }
 
-TestMachine::TestMachine(const TemporaryFolder::OfOther& other) : folder(other) {
+TestMachine::TestMachine(const TemporaryFolder::OfOther& other, std::shared_ptr<Files> on)
+    : folder(other), disk(on ? std::move(on) : OpenFiles(folder.Host("journal"))) {
   settings.Write(u"Tarvo Packager", u"Settings", u"GamePath", GameFolder());
 }
 

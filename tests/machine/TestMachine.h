@@ -30,8 +30,9 @@ class TestMachine : public FormHost, public Windows {
   /// The game's folder holds stbc.exe and is stored in the settings.
   TestMachine();
 
-  /// On the folders of another process's machine, which it leaves as they are.
-  explicit TestMachine(const TemporaryFolder::OfOther& other);
+  /// On the folders of another machine, which it leaves as they are; by default one of another
+  /// process.
+  explicit TestMachine(const TemporaryFolder::OfOther& other, std::shared_ptr<Files> on = nullptr);
 
   /// Brings up the top window and with it the main menu. The first time the game gets Foundation's
   /// FoundationConfig.py, unless `hasFoundation` is false.
@@ -57,7 +58,7 @@ class TestMachine : public FormHost, public Windows {
   void Turn() { app.screens.DestroyClosed(); }
 
   TemporaryFolder folder;
-  std::unique_ptr<Files> disk = OpenFiles(folder.Host("journal"));
+  std::shared_ptr<Files> disk = OpenFiles(folder.Host("journal"));
   FailingFiles files{*disk};
   MemorySettings settings;
   MemoryRegistry registry;

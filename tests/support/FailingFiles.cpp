@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "support/MemoryFiles.h"
+
 namespace tarvo::test {
 namespace {
 
@@ -109,7 +111,6 @@ void FailingFiles::Heal() {
   for (Plan& changed : plans_) changed.FailAt = 0;
   bytesLeft_.reset();
   failAt_ = 0;
-  killAt_ = 0;
 }
 
 void FailingFiles::Take(FileStep step, TextView path) {
@@ -119,7 +120,6 @@ void FailingFiles::Take(FileStep step, TextView path) {
   Plan& taken = PlanOf(step);
   ++taken.Seen;
   ++seen_;
-  if (killAt_ != 0 && seen_ >= killAt_) throw Killed{};
   if (seen_ == failAt_) fail(failCode_);
   if (taken.FailAt == 0 || taken.Seen < taken.FailAt) return;
   if (!taken.Onwards) taken.FailAt = 0;
@@ -198,6 +198,11 @@ void FailingFiles::Rename(TextView from, TextView to) {
 void FailingFiles::Remove(TextView path) {
   Take(FileStep::Remove, path);
   files_.Remove(path);
+}
+
+void FailingFiles::Sync(TextView folder) {
+  Take(FileStep::Sync, folder);
+  if (dynamic_cast<MemoryFiles*>(&files_)) files_.Sync(folder);
 }
 
 LockAttempt FailingFiles::TryLock(TextView folder, TextView purpose) {
