@@ -1,11 +1,11 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <vector>
 
 #include "platform/Files.h"
 #include "text/Text.h"
+#include "tgl/TGLEntries.h"
 #include "tgl/TGLFormat.h"
 #include "tgl/TGLStrings.h"
 #include "tgl/VBFileStream.h"
@@ -39,7 +39,7 @@ class TGLFileRep {
   /// one that stands already: for a file that ReadFile refuses. A string past the file's end has
   /// empty fields. Raises what ReadFile raises, but for the Names, and for a file that ends inside
   /// its offset blocks.
-  std::vector<TGLString> ReadEntries(TextView Filename);
+  TGLEntries ReadEntries(TextView Filename);
 
   /// Writes the strings in ascending order of the hashes of their Names; the collection stays as it
   /// was. The file takes its place whole (see FileReplacement), or the old one stands untouched.
@@ -56,17 +56,13 @@ class TGLFileRep {
   FileText FileBytes(const TGLStrings& Strings);
 
  private:
-  /// A string on its way to the file.
-  struct Encoded {
+  /// A string on its way to the file. What it holds is found anew each time: a file of very many
+  /// small strings would otherwise take a multiple of its size.
+  struct SortedString {
     std::uint32_t Hash;
-    std::array<FileTextView, 3> Fields;  ///< As they will stand there, without terminators.
+    std::uint32_t Slot;
   };
-  using SortedStrings = std::vector<const Encoded*>;
-
-  struct Layout {
-    std::vector<TGLOffsetBlock> OffsetBlocks;
-    TGLBlockSizes BlockSizes;
-  };
+  using SortedStrings = std::vector<SortedString>;
 
   template <class Step>
   auto Reading(TextView Filename, Step step);
@@ -77,12 +73,15 @@ class TGLFileRep {
   void CheckTarget(TextView Filename, const TGLStrings* Strings, bool Overwrite);
   static void RequireStrings(const TGLStrings& strings);
   void Write_Strings(VBFileStream& stream, const TGLStrings& strings);
-  std::vector<Encoded> Write_Encode(const TGLStrings& strings, FileText& store);
-  SortedStrings Write_SortString(const std::vector<Encoded>& strings);
-  Layout Write_CalcOffsetBlocks(const SortedStrings& strings);
+  static FileTextView FieldOf(const TGLStrings& strings, const SortedString& string,
+                              std::size_t column, FileText& store);
+  SortedStrings Write_SortString(const TGLStrings& strings);
+  TGLBlockSizes Write_CalcOffsetBlocks(const TGLStrings& strings, const SortedStrings& sorted);
   void Write_FileHeader(VBFileStream& stream, std::int32_t count);
-  void Write_FileOffsetBlocks(VBFileStream& stream, const Layout& layout);
-  void Write_Column(VBFileStream& stream, const SortedStrings& strings, std::size_t column);
+  void Write_FileOffsetBlocks(VBFileStream& stream, const TGLStrings& strings,
+                              const SortedStrings& sorted);
+  void Write_Column(VBFileStream& stream, const TGLStrings& strings, const SortedStrings& sorted,
+                    std::size_t column);
 
   Files& files_;
   TGLHeader header_;

@@ -108,14 +108,13 @@ void Repair(const FileText& bytes) {
   OneFile disk;
   disk.Bytes = bytes;
   TGLFileRep rep(disk);
-  TGLRepaired repaired;
-  if (!Allowed({u"TGLFileRep.ReadFile"},
-               [&] { repaired = RepairTGLStrings(rep.ReadEntries(u"x")); })) {
-    return;
-  }
-  if (repaired.Strings.Count() == 0) return;
-  rep.WriteFile(u"x", &repaired.Strings, true);
-  Expect(rep.ReadFile(u"x").Count() == repaired.Strings.Count());
+  std::optional<TGLRepair> repair;
+  if (!Allowed({u"TGLFileRep.ReadFile"}, [&] { repair.emplace(rep.ReadEntries(u"x")); })) return;
+  for (std::size_t i = 0; i < repair->DroppedCount(); ++i)
+    Expect(!repair->DroppedAt(i).Why.empty());
+  if (repair->Strings().Count() == 0) return;
+  rep.WriteFile(u"x", &repair->Strings(), true);
+  Expect(rep.ReadFile(u"x").Count() == repair->Strings().Count());
 }
 
 }  // namespace
