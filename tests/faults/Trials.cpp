@@ -12,21 +12,23 @@ namespace {
 
 constexpr int kHighestStatus = 3;
 
-/// Whether the folder of the journals is there is no user's business.
-bool IsJournal(const std::string& path) {
-  return path.starts_with("/state");
+/// What the program keeps for its next start, which takes it away: its journals, its notes on changes
+/// that are under way, and temporary files. Whether it is there is no user's business.
+bool IsOwn(const std::string& path) {
+  return path.starts_with("/state") || path.find("/Backup/Unfinished") != std::string::npos ||
+         path.find("/.tarvo-") != std::string::npos;
 }
 
 /// The first thing in which a tree differs from the one that was to come.
 std::string Difference(const Tree& now, const Tree& wanted) {
   for (const auto& [path, entry] : wanted) {
     const auto found = now.find(path);
-    if (IsJournal(path) || (found != now.end() && found->second == entry)) continue;
+    if (IsOwn(path) || (found != now.end() && found->second == entry)) continue;
     if (found == now.end()) return path + " is missing";
     return path + (found->second.Bytes == entry.Bytes ? " has another mode" : " has other bytes");
   }
   for (const auto& [path, entry] : now) {
-    if (!IsJournal(path) && !wanted.contains(path)) return path + " is there";
+    if (!IsOwn(path) && !wanted.contains(path)) return path + " is there";
   }
   return {};
 }
@@ -159,7 +161,7 @@ void Trials::Find(Wrong what, const std::string& seen) {
 std::string Trials::TornFile(const Tree& now) const {
   for (const Tree* const tree : {&before_, &after_}) {
     for (const auto& [path, entry] : *tree) {
-      if (entry.IsFolder || IsJournal(path)) continue;
+      if (entry.IsFolder || IsOwn(path)) continue;
       if (HaveSameFile(now, before_, path) || HaveSameFile(now, after_, path)) continue;
       if (!now.contains(path)) return path + " is gone";
       const bool isDatabase = path.ends_with(".TGL") || path.ends_with(".tgl");
