@@ -47,4 +47,8 @@ FileTextView StringView(TextView text, StringType type, FileText& store) {
   return FileTextView(store).substr(start);
 }
 
+std::size_t BytesToStore(TextView text, StringType type) {
+  return IsInFileOrder(type) ? 0 : text.size() * UnitBytes(type);
+}
+
 }  // namespace tarvo

@@ -27,7 +27,8 @@ FileTextView StringBytes(FileTextView bytes, std::size_t at, StringType type);
 Text StringText(FileTextView string, StringType type);
 
 /// The bytes of a text: where the machine holds them in the order of the file, the text's own, else
-/// made at the end of `store`.
+/// made at the end of `store`, which must have room for BytesToStore without moving.
 FileTextView StringView(TextView text, StringType type, FileText& store);
+std::size_t BytesToStore(TextView text, StringType type);
 
 }  // namespace tarvo

@@ -160,13 +160,15 @@ FileText TGLFileRep::FileBytes(const TGLStrings& Strings) {
 }
 
 void TGLFileRep::Write_Strings(VBFileStream& stream, const TGLStrings& strings) {
-  const SortedStrings sorted = Write_SortString(strings);
-  const TGLBlockSizes sizes = Write_CalcOffsetBlocks(strings, sorted);
+  Encoded encoded{strings, {}, {}, {}};
+  Write_Encode(encoded);
+  Write_SortString(encoded);
+  const TGLBlockSizes sizes = Write_CalcOffsetBlocks(encoded);
   Write_FileHeader(stream, strings.Count());
-  Write_FileOffsetBlocks(stream, strings, sorted);
+  Write_FileOffsetBlocks(stream, encoded);
   for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
     stream.WriteLong(sizes.*kTGLColumns[column].BlockSize);
-    Write_Column(stream, strings, sorted, column);
+    Write_Column(stream, encoded, column);
   }
 }
 
@@ -187,35 +189,49 @@ void TGLFileRep::CheckTarget(TextView Filename, const TGLStrings* Strings, bool 
   }
 }
 
-/// The bytes of a field as they will stand in the file, without terminator. What nobody has asked
-/// for goes from file to file as it stands. The view leads into the file that was loaded, into the
-/// entry or into `store`, where it holds until the next call.
-FileTextView TGLFileRep::FieldOf(const TGLStrings& strings, const SortedString& string,
-                                 std::size_t column, FileText& store) {
-  const TGLStrings::Slot& slot = strings.slots_[string.Slot];
-  if (!slot.Object) return strings.BytesInFile(slot, column);
-  store.clear();
-  const TGLColumn& format = kTGLColumns[column];
-  return StringView((*slot.Object).*format.Field, format.Form, store);
+/// The bytes of a field as they will stand in the file, without terminator.
+FileTextView TGLFileRep::FieldOf(const Encoded& encoded, const SortedString& string,
+                                 std::size_t column) {
+  if (string.Object != kInFile) return encoded.Objects[string.Object][column];
+  return encoded.Strings.BytesInFile(encoded.Strings.slots_[string.Slot], column);
 }
 
-TGLFileRep::SortedStrings TGLFileRep::Write_SortString(const TGLStrings& strings) {
+void TGLFileRep::Write_Encode(Encoded& encoded) {
+  const TGLStrings& strings = encoded.Strings;
+  std::size_t room = 0;
+  for (const std::uint32_t at : strings.order_) {
+    const TGLString* const string = strings.slots_[at].Object.get();
+    for (const TGLColumn& column : kTGLColumns) {
+      if (string) room += BytesToStore(string->*column.Field, column.Form);
+    }
+  }
+  encoded.Store.reserve(room);  // So that it never moves.
+  encoded.Sorted.reserve(strings.order_.size());
   const TGLStringHasher hasher;
-  SortedStrings sorted;
-  sorted.reserve(strings.order_.size());
   for (const std::uint32_t at : strings.order_) {
     const TGLStrings::Slot& slot = strings.slots_[at];
-    sorted.push_back(
-        {hasher.HashNumber(slot.Object ? slot.Object->Name : strings.TextInFile(slot, 0)), at});
+    const std::uint32_t hash =
+        hasher.HashNumber(slot.Object ? slot.Object->Name : strings.TextInFile(slot, 0));
+    encoded.Sorted.push_back({hash, at, kInFile});
+    if (!slot.Object) continue;
+    encoded.Sorted.back().Object = static_cast<std::uint32_t>(encoded.Objects.size());
+    auto& fields = encoded.Objects.emplace_back();
+    for (std::size_t i = 0; i < kTGLColumns.size(); ++i) {
+      const TGLColumn& column = kTGLColumns[i];
+      fields[i] = StringView((*slot.Object).*column.Field, column.Form, encoded.Store);
+    }
   }
+}
+
+void TGLFileRep::Write_SortString(Encoded& encoded) {
+  auto& sorted = encoded.Sorted;
   std::sort(sorted.begin(), sorted.end(), [](const SortedString& a, const SortedString& b) {
     return std::pair(a.Hash, a.Slot) < std::pair(b.Hash, b.Slot);
   });
   const auto twice = std::ranges::adjacent_find(sorted, {}, &SortedString::Hash);
-  if (twice == sorted.end()) return sorted;
-  FileText store;
+  if (twice == sorted.end()) return;
   const auto name = [&](const SortedString& string) {
-    return TextFromFileText(FieldOf(strings, string, 0, store));
+    return TextFromFileText(FieldOf(encoded, string, 0));
   };
   throw RaisedError(u"TGLFileRep.Write_SortString",
                     u"An error occurred in while hashing the strings.  Error: The names '" +
@@ -223,15 +239,13 @@ TGLFileRep::SortedStrings TGLFileRep::Write_SortString(const TGLStrings& strings
                         TGLStringHasher::HashText(twice->Hash) + u".");
 }
 
-TGLBlockSizes TGLFileRep::Write_CalcOffsetBlocks(const TGLStrings& strings,
-                                                 const SortedStrings& sorted) {
+TGLBlockSizes TGLFileRep::Write_CalcOffsetBlocks(const Encoded& encoded) {
   TGLBlockSizes sizes;
-  FileText store;
   for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
     const TGLColumn& format = kTGLColumns[column];
     std::int64_t size = 0;
-    for (const SortedString& string : sorted) {
-      const std::size_t bytes = FieldOf(strings, string, column, store).size();
+    for (const SortedString& string : encoded.Sorted) {
+      const std::size_t bytes = FieldOf(encoded, string, column).size();
       size += static_cast<std::int64_t>(bytes / UnitBytes(format.Form) + 1);
     }
     if (size > kGreatestNumber) {
@@ -248,25 +262,21 @@ void TGLFileRep::Write_FileHeader(VBFileStream& stream, std::int32_t count) {
   for (const auto field : kTGLHeaderFields) stream.WriteLong(header.*field);
 }
 
-void TGLFileRep::Write_FileOffsetBlocks(VBFileStream& stream, const TGLStrings& strings,
-                                        const SortedStrings& sorted) {
+void TGLFileRep::Write_FileOffsetBlocks(VBFileStream& stream, const Encoded& encoded) {
   TGLOffsetBlock next;
-  FileText store;
-  for (const SortedString& string : sorted) {
+  for (const SortedString& string : encoded.Sorted) {
     for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
       const TGLColumn& format = kTGLColumns[column];
-      const std::size_t bytes = FieldOf(strings, string, column, store).size();
+      const std::size_t bytes = FieldOf(encoded, string, column).size();
       stream.WriteLong(next.*format.Offset);
       next.*format.Offset += static_cast<std::int32_t>(bytes / UnitBytes(format.Form) + 1);
     }
   }
 }
 
-void TGLFileRep::Write_Column(VBFileStream& stream, const TGLStrings& strings,
-                              const SortedStrings& sorted, std::size_t column) {
-  FileText store;
-  for (const SortedString& string : sorted) {
-    stream.WriteString(FieldOf(strings, string, column, store), kTGLColumns[column].Form);
+void TGLFileRep::Write_Column(VBFileStream& stream, const Encoded& encoded, std::size_t column) {
+  for (const SortedString& string : encoded.Sorted) {
+    stream.WriteString(FieldOf(encoded, string, column), kTGLColumns[column].Form);
   }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -56,13 +57,22 @@ class TGLFileRep {
   FileText FileBytes(const TGLStrings& Strings);
 
  private:
-  /// A string on its way to the file. What it holds is found anew each time: a file of very many
-  /// small strings would otherwise take a multiple of its size.
+  /// A string on its way to the file.
   struct SortedString {
     std::uint32_t Hash;
     std::uint32_t Slot;
+    std::uint32_t Object;  ///< Its number among the encoded objects; kInFile for none.
   };
-  using SortedStrings = std::vector<SortedString>;
+  static constexpr std::uint32_t kInFile = 0xFFFFFFFF;
+
+  /// What is to be written, sorted. Strings that nobody has asked for stay where they stand, in the
+  /// file that was loaded: there may be very many of them, and each of them very small.
+  struct Encoded {
+    const TGLStrings& Strings;
+    std::vector<SortedString> Sorted;
+    std::vector<std::array<FileTextView, 3>> Objects;  ///< Their fields without terminators.
+    FileText Store;                                    ///< Those that are made for the file.
+  };
 
   template <class Step>
   auto Reading(TextView Filename, Step step);
@@ -73,15 +83,14 @@ class TGLFileRep {
   void CheckTarget(TextView Filename, const TGLStrings* Strings, bool Overwrite);
   static void RequireStrings(const TGLStrings& strings);
   void Write_Strings(VBFileStream& stream, const TGLStrings& strings);
-  static FileTextView FieldOf(const TGLStrings& strings, const SortedString& string,
-                              std::size_t column, FileText& store);
-  SortedStrings Write_SortString(const TGLStrings& strings);
-  TGLBlockSizes Write_CalcOffsetBlocks(const TGLStrings& strings, const SortedStrings& sorted);
+  static FileTextView FieldOf(const Encoded& encoded, const SortedString& string,
+                              std::size_t column);
+  static void Write_Encode(Encoded& encoded);
+  static void Write_SortString(Encoded& encoded);
+  static TGLBlockSizes Write_CalcOffsetBlocks(const Encoded& encoded);
   void Write_FileHeader(VBFileStream& stream, std::int32_t count);
-  void Write_FileOffsetBlocks(VBFileStream& stream, const TGLStrings& strings,
-                              const SortedStrings& sorted);
-  void Write_Column(VBFileStream& stream, const TGLStrings& strings, const SortedStrings& sorted,
-                    std::size_t column);
+  void Write_FileOffsetBlocks(VBFileStream& stream, const Encoded& encoded);
+  void Write_Column(VBFileStream& stream, const Encoded& encoded, std::size_t column);
 
   Files& files_;
   TGLHeader header_;

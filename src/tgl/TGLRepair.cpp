@@ -3,24 +3,16 @@
 #include <optional>
 #include <utility>
 
-#include "text/LetterCase.h"
-#include "tgl/Blanks.h"
-#include "tgl/FileStrings.h"
 #include "tgl/KeyIndex.h"
+#include "tgl/NameKeys.h"
 #include "tgl/TGLFormat.h"
 #include "tgl/TGLStringHasher.h"
 
 namespace tarvo {
 namespace {
 
-constexpr StringType kNameForm = kTGLColumns[0].Form;
-
 Text NameAt(const FileText& file, std::uint32_t at) {
-  return StringText(StringBytes(file, at, kNameForm), kNameForm);
-}
-
-std::uint32_t KeyHash(TextView foldedName) {
-  return static_cast<std::uint32_t>(std::hash<TextView>()(foldedName));
+  return StringText(NameIn(file, at), kTGLColumns[0].Form);
 }
 
 }  // namespace
@@ -43,19 +35,19 @@ class TGLRepair::Sieve {
 
   /// Nothing for a name that stays.
   std::optional<Drop> Take(std::int32_t place, std::uint32_t at) {
-    const Text name = NameAt(file_, at);
-    if (IsBlank(name)) return Drop{place, Reason::Blank, at, at};
-    const Text key = FoldCase(name);
-    const auto hasKey = [&](std::uint32_t other) { return FoldCase(NameAt(file_, other)) == key; };
-    const std::uint32_t same = byKey_.Find(KeyHash(key), hasKey);
+    const FileTextView name = NameIn(file_, at);
+    if (name.find_first_not_of(' ') == FileTextView::npos)
+      return Drop{place, Reason::Blank, at, at};
+    const auto hasKey = [&](std::uint32_t other) { return SameKey(NameIn(file_, other), name); };
+    const std::uint32_t same = byKey_.Find(HashOfKey(name), hasKey);
     if (same != KeyIndex::kNone) {
-      const Reason why = NameAt(file_, same) == name ? Reason::Again : Reason::OtherCase;
+      const Reason why = NameIn(file_, same) == name ? Reason::Again : Reason::OtherCase;
       return Drop{place, why, at, same};
     }
-    const std::uint32_t hash = hasher_.HashNumber(name);
+    const std::uint32_t hash = hasher_.HashNumber(NameAt(file_, at));
     const std::uint32_t earlier = byHash_.Find(hash, [](std::uint32_t) { return true; });
     if (earlier != KeyIndex::kNone) return Drop{place, Reason::SameHash, at, earlier};
-    byKey_.Insert(KeyHash(key), at);
+    byKey_.Insert(HashOfKey(name), at);
     byHash_.Insert(hash, at);
     return std::nullopt;
   }
