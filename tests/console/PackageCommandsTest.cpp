@@ -105,7 +105,8 @@ TEST_F(PackageCommands, NoPackageLacksAFileAndTheOldOneStands) {
 }
 
 TEST_F(PackageCommands, AListThatNoReaderTakesIsNotWritten) {
-  const std::string name = "scripts/ships/" + std::string(200, 'n');
+  const std::string part(200, 'n');
+  const std::string name = part + "/" + part + "/" + part + "/" + part;
   folder.Put("game/" + name, "");
   std::vector<std::string> entries(kLongestHead / name.size() + 1, name);
   EXPECT_EQ(Pack(entries).status, 1);

@@ -9,7 +9,7 @@ namespace tarvo::test {
 namespace {
 
 /// Takes the lock of a folder, says so, and holds it for good.
-const KnownChildPart kHolding("Holding", [](const std::string& folder) {
+const KnownChildPart kLocking("Locking", [](const std::string& folder) {
   const auto files = OpenFiles(folder + "/journal");
   const LockAttempt attempt = files->TryLock(GamePathFromArgument(folder), u"work for \u00DCber");
   if (!attempt.Lock) return 1;
@@ -38,7 +38,7 @@ TEST_F(FolderLockTest, IsHeldByOneAndLeavesNothing) {
 
 TEST_F(FolderLockTest, EndsWithAProcessThatIsKilled) {
   std::filesystem::create_directory(folder.Path("journal"));
-  Child child("Holding", folder.Host());
+  Child child("Locking", folder.Host());
   ASSERT_TRUE(child.WaitUntilReady());
   EXPECT_EQ(Try(files).Holder, u"work for \u00DCber");
   OpenFiles(folder.Host("journal"))->RemoveAbandoned();
