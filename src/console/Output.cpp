@@ -60,6 +60,26 @@ void Output::Result(const std::vector<Text>& lines, const nlohmann::json& value)
   results_.flush();
 }
 
+ResultList::ResultList(Output& output, std::string head, std::string tail)
+    : output_(output), tail_(std::move(tail)) {
+  output_.Progress({});
+  if (output_.json_) output_.results_ << head;
+}
+
+ResultList::~ResultList() {
+  if (output_.json_) output_.results_ << tail_ << '\n';
+  output_.results_.flush();
+}
+
+void ResultList::Add(TextView line, const nlohmann::json& value) {
+  if (!output_.json_) {
+    output_.results_ << Shown(line, false) << '\n';
+  } else {
+    output_.results_ << (isFirst_ ? "" : ",") << Dumped(value);
+  }
+  isFirst_ = false;
+}
+
 void Output::Message(TextView kind, TextView text) {
   if (quiet_ && kind == u"Information") return;
   Say(Text(kind) + u": " + Text(text));

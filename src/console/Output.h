@@ -37,11 +37,30 @@ class Output {
   void Progress(TextView text);
 
  private:
+  friend class ResultList;
+
   std::ostream& results_;
   std::ostream& words_;
   bool json_;
   bool quiet_;
   std::size_t progressWidth_ = 0;
+};
+
+/// A result that is a list, given piece by piece: of a list of millions only one is in memory.
+class ResultList {
+ public:
+  /// `head` and `tail` stand around the values in JSON.
+  explicit ResultList(Output& output, std::string head = "[", std::string tail = "]");
+  ~ResultList();
+  ResultList(const ResultList&) = delete;
+  ResultList& operator=(const ResultList&) = delete;
+
+  void Add(TextView line, const nlohmann::json& value);
+
+ private:
+  Output& output_;
+  std::string tail_;
+  bool isFirst_ = true;
 };
 
 /// A text as a JSON string.

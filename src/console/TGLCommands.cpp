@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "console/Commands.h"
 #include "platform/HostMachine.h"
 #include "state/CommonUtilities.h"
@@ -36,37 +38,31 @@ bool OnDatabase(Session& session, const Text& path, Step step) {
   return false;
 }
 
-/// The strings in file order. A database that the game's loader would refuse is read all the same,
-/// and the user is told.
-std::vector<TGLString> ReadAnyDatabase(Session& session, const Text& path) {
-  TGLFileRep rep(session.app.machine.files);
-  Text refusal;
+/// Tells the user of a database that the game's loader would refuse. What can't be read is thrown.
+void TellOfRefusal(Session& session, TGLFileRep& rep, const Text& path) {
   try {
-    std::vector<TGLString> strings;
-    for (const auto& entry : rep.ReadFile(path)) strings.push_back(*entry);
-    return strings;
+    rep.ReadFile(path);
   } catch (const RaisedError& error) {
     if (error.SystemCode != 0) throw;
-    refusal = error.Description;
+    session.output.Message(u"Information", path + u": " + error.Description +
+                                               u"  \"tgl repair\" makes a loadable copy.");
   }
-  std::vector<TGLString> strings = rep.ReadEntries(path);
-  session.output.Message(u"Information",
-                         path + u": " + refusal + u"  \"tgl repair\" makes a loadable copy.");
-  return strings;
 }
 
 int RunShow(Session& session, const Text& path) {
   const bool read = OnDatabase(session, path, [&] {
-    std::vector<Text> lines;
-    auto values = nlohmann::json::array();
-    for (const TGLString& string : ReadAnyDatabase(session, path)) {
-      lines.push_back(Escaped(string.Name) + u"\t" + Escaped(string.MediaFilename) + u"\t" +
-                      Escaped(string.Data));
-      values.push_back({{"name", Json(string.Name)},
-                        {"data", Json(string.Data)},
-                        {"media", Json(string.MediaFilename)}});
+    TGLFileRep rep(session.app.machine.files);
+    const TGLEntries entries = rep.ReadEntries(path);
+    TellOfRefusal(session, rep, path);
+    ResultList list(session.output);
+    for (std::int32_t place = 1; place <= entries.Count(); ++place) {
+      const TGLString string = entries.At(place);
+      list.Add(Escaped(string.Name) + u"\t" + Escaped(string.MediaFilename) + u"\t" +
+                   Escaped(string.Data),
+               {{"name", Json(string.Name)},
+                {"data", Json(string.Data)},
+                {"media", Json(string.MediaFilename)}});
     }
-    session.output.Result(lines, values);
   });
   return session.Finish(read);
 }
@@ -81,18 +77,17 @@ int RunRewrite(Session& session, const Text& from, const Text& to) {
 
 int RunRepair(Session& session, const Text& from, const Text& to) {
   TGLFileRep rep(session.app.machine.files);
-  TGLRepaired repaired;
-  const bool done =
-      OnDatabase(session, from, [&] { repaired = RepairTGLStrings(rep.ReadEntries(from)); }) &&
-      OnDatabase(session, to, [&] { rep.WriteFile(to, &repaired.Strings, true); });
+  std::optional<TGLRepair> repair;
+  const bool done = OnDatabase(session, from, [&] { repair.emplace(rep.ReadEntries(from)); }) &&
+                    OnDatabase(session, to, [&] { rep.WriteFile(to, &repair->Strings(), true); });
   if (!done) return session.Finish(false);
-  std::vector<Text> lines;
-  auto dropped = nlohmann::json::array();
-  for (const TGLDropped& drop : repaired.Dropped) {
-    lines.push_back(u"\"" + Escaped(drop.String.Name) + u"\": " + drop.Why);
-    dropped.push_back({{"name", Json(drop.String.Name)}, {"why", Json(drop.Why)}});
+  ResultList list(session.output, "{\"dropped\":[",
+                  "],\"kept\":" + std::to_string(repair->Strings().Count()) + "}");
+  for (std::size_t i = 0; i < repair->DroppedCount(); ++i) {
+    const TGLRepair::Dropped dropped = repair->DroppedAt(i);
+    list.Add(u"\"" + Escaped(dropped.Name) + u"\": " + dropped.Why,
+             {{"name", Json(dropped.Name)}, {"why", Json(dropped.Why)}});
   }
-  session.output.Result(lines, {{"kept", repaired.Strings.Count()}, {"dropped", dropped}});
   return session.Finish(true);
 }
 

@@ -36,6 +36,19 @@ void WriteNote(Application& app, const Text& path, const FileText& text) {
   WriteWhole(app.machine.files, path, text);
 }
 
+/// The folder of the notes goes with the last of them.
+void RemoveEmptyFolder(Application& app) {
+  Guarded([&] {
+    const Text folder = NotesFolder(app);
+    if (app.machine.files.FolderExists(folder)) app.machine.files.RemoveFolder(folder);
+  });
+}
+
+void RemoveNote(Application& app, const Text& path) {
+  app.machine.files.Remove(path);
+  RemoveEmptyFolder(app);
+}
+
 /// What stands at a path; nothing for no file.
 std::optional<FileText> BytesAt(Files& files, const Text& path) {
   if (!files.FileExists(path)) return {};
@@ -123,7 +136,7 @@ class Change {
 
   /// A note that can't be deleted is found to be done with by the next start.
   void DropNote() {
-    if (!note_.empty()) Guarded([&] { files_.Remove(note_); });
+    if (!note_.empty()) Guarded([&] { RemoveNote(app_, note_); });
   }
 
   Application& app_;
@@ -165,7 +178,7 @@ void WriteInstalls(Application& app, const std::vector<Text>& packages) {
     if (!packages.empty()) {
       WriteNote(app, path, text);
     } else if (app.machine.files.FileExists(path)) {
-      app.machine.files.Remove(path);
+      RemoveNote(app, path);
     }
   } catch (const PlatformError& error) {
     if (!SaysNotAllowed(error.Code)) throw;
@@ -196,7 +209,7 @@ bool HasUnfinishedChange(Application& app) {
 }
 
 void FinishChange(Application& app) {
-  if (!HasUnfinishedChange(app)) return;
+  if (!HasUnfinishedChange(app)) return RemoveEmptyFolder(app);
   NotingFailures(app, [&] {
     const Text path = ChangeNotePath(app);
     const auto noted = ParseNote(ReadWhole(app.machine.files, path).Bytes());
@@ -205,7 +218,7 @@ void FinishChange(Application& app) {
         app.shell->TellAside(u"A change that was cut short has been completed: " + file);
       }
     }
-    app.machine.files.Remove(path);
+    RemoveNote(app, path);
   });
 }
 

@@ -77,16 +77,20 @@ TGLStrings TGLFileRep::ReadFile(TextView Filename) {
   });
 }
 
-std::vector<TGLString> TGLFileRep::ReadEntries(TextView Filename) {
+TGLEntries TGLFileRep::ReadEntries(TextView Filename) {
   return Reading(Filename, [&](VBFileStream& stream) {
     if (stream.CurrentFilePos() > std::int64_t{stream.FileSize()} + 1) {
       throw RaisedError(u"TGLFileRep.ReadEntries", u"The file ends inside its offset blocks.");
     }
-    std::vector<TGLString> entries(static_cast<std::size_t>(header_.StringCount));
-    for (const TGLColumn& column : kTGLColumns) {
+    TGLEntries entries;
+    entries.places_.resize(static_cast<std::size_t>(header_.StringCount));
+    for (std::size_t i = 0; i < kTGLColumns.size(); ++i) {
       stream.ReadLong();  // The size of the block: nothing depends on it.
-      for (TGLString& entry : entries) entry.*column.Field = stream.ReadString(column.Form);
+      for (TGLEntries::Places& places : entries.places_) {
+        places[i] = stream.PassString(kTGLColumns[i].Form);
+      }
     }
+    entries.file_ = stream.TakeFile();
     return entries;
   });
 }
@@ -156,15 +160,15 @@ FileText TGLFileRep::FileBytes(const TGLStrings& Strings) {
 }
 
 void TGLFileRep::Write_Strings(VBFileStream& stream, const TGLStrings& strings) {
-  FileText store;
-  const std::vector<Encoded> encoded = Write_Encode(strings, store);
-  const SortedStrings sorted = Write_SortString(encoded);
-  const Layout layout = Write_CalcOffsetBlocks(sorted);
+  Encoded encoded{strings, {}, {}, {}};
+  Write_Encode(encoded);
+  Write_SortString(encoded);
+  const TGLBlockSizes sizes = Write_CalcOffsetBlocks(encoded);
   Write_FileHeader(stream, strings.Count());
-  Write_FileOffsetBlocks(stream, layout);
+  Write_FileOffsetBlocks(stream, encoded);
   for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
-    stream.WriteLong(layout.BlockSizes.*kTGLColumns[column].BlockSize);
-    Write_Column(stream, sorted, column);
+    stream.WriteLong(sizes.*kTGLColumns[column].BlockSize);
+    Write_Column(stream, encoded, column);
   }
 }
 
@@ -185,10 +189,15 @@ void TGLFileRep::CheckTarget(TextView Filename, const TGLStrings* Strings, bool 
   }
 }
 
-/// What nobody has asked for goes from file to file as it stands. The views lead into the file that
-/// was loaded, into the entries and into `store`.
-std::vector<TGLFileRep::Encoded> TGLFileRep::Write_Encode(const TGLStrings& strings,
-                                                          FileText& store) {
+/// The bytes of a field as they will stand in the file, without terminator.
+FileTextView TGLFileRep::FieldOf(const Encoded& encoded, const SortedString& string,
+                                 std::size_t column) {
+  if (string.Object != kInFile) return encoded.Objects[string.Object][column];
+  return encoded.Strings.BytesInFile(encoded.Strings.slots_[string.Slot], column);
+}
+
+void TGLFileRep::Write_Encode(Encoded& encoded) {
+  const TGLStrings& strings = encoded.Strings;
   std::size_t room = 0;
   for (const std::uint32_t at : strings.order_) {
     const TGLString* const string = strings.slots_[at].Object.get();
@@ -196,60 +205,56 @@ std::vector<TGLFileRep::Encoded> TGLFileRep::Write_Encode(const TGLStrings& stri
       if (string) room += BytesToStore(string->*column.Field, column.Form);
     }
   }
-  store.reserve(room);  // So that it never moves.
+  encoded.Store.reserve(room);  // So that it never moves.
+  encoded.Sorted.reserve(strings.order_.size());
   const TGLStringHasher hasher;
-  std::vector<Encoded> encoded;
-  encoded.reserve(strings.order_.size());
   for (const std::uint32_t at : strings.order_) {
     const TGLStrings::Slot& slot = strings.slots_[at];
     const std::uint32_t hash =
         hasher.HashNumber(slot.Object ? slot.Object->Name : strings.TextInFile(slot, 0));
-    Encoded& item = encoded.emplace_back(Encoded{hash, {}});
+    encoded.Sorted.push_back({hash, at, kInFile});
+    if (!slot.Object) continue;
+    encoded.Sorted.back().Object = static_cast<std::uint32_t>(encoded.Objects.size());
+    auto& fields = encoded.Objects.emplace_back();
     for (std::size_t i = 0; i < kTGLColumns.size(); ++i) {
       const TGLColumn& column = kTGLColumns[i];
-      item.Fields[i] = slot.Object ? StringView((*slot.Object).*column.Field, column.Form, store)
-                                   : strings.BytesInFile(slot, i);
+      fields[i] = StringView((*slot.Object).*column.Field, column.Form, encoded.Store);
     }
   }
-  return encoded;
 }
 
-TGLFileRep::SortedStrings TGLFileRep::Write_SortString(const std::vector<Encoded>& strings) {
-  SortedStrings sorted(strings.size());
-  std::transform(strings.begin(), strings.end(), sorted.begin(),
-                 [](const Encoded& string) { return &string; });
-  std::sort(sorted.begin(), sorted.end(), [](const Encoded* a, const Encoded* b) {
-    return std::pair(a->Hash, a) < std::pair(b->Hash, b);
+void TGLFileRep::Write_SortString(Encoded& encoded) {
+  auto& sorted = encoded.Sorted;
+  std::sort(sorted.begin(), sorted.end(), [](const SortedString& a, const SortedString& b) {
+    return std::pair(a.Hash, a.Slot) < std::pair(b.Hash, b.Slot);
   });
-  const auto twice =
-      std::adjacent_find(sorted.begin(), sorted.end(),
-                         [](const Encoded* a, const Encoded* b) { return a->Hash == b->Hash; });
-  if (twice == sorted.end()) return sorted;
+  const auto twice = std::ranges::adjacent_find(sorted, {}, &SortedString::Hash);
+  if (twice == sorted.end()) return;
+  const auto name = [&](const SortedString& string) {
+    return TextFromFileText(FieldOf(encoded, string, 0));
+  };
   throw RaisedError(u"TGLFileRep.Write_SortString",
                     u"An error occurred in while hashing the strings.  Error: The names '" +
-                        TextFromFileText(twice[0]->Fields[0]) + u"' and '" +
-                        TextFromFileText(twice[1]->Fields[0]) + u"' have one hash, " +
-                        TGLStringHasher::HashText((*twice)->Hash) + u".");
+                        name(twice[0]) + u"' and '" + name(twice[1]) + u"' have one hash, " +
+                        TGLStringHasher::HashText(twice->Hash) + u".");
 }
 
-TGLFileRep::Layout TGLFileRep::Write_CalcOffsetBlocks(const SortedStrings& strings) {
-  Layout layout;
-  layout.OffsetBlocks.resize(strings.size());
+TGLBlockSizes TGLFileRep::Write_CalcOffsetBlocks(const Encoded& encoded) {
+  TGLBlockSizes sizes;
   for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
     const TGLColumn& format = kTGLColumns[column];
-    std::int64_t offset = 0;
-    for (std::size_t i = 0; i < strings.size(); ++i) {
-      layout.OffsetBlocks[i].*format.Offset = static_cast<std::int32_t>(offset);
-      const std::size_t units = strings[i]->Fields[column].size() / UnitBytes(format.Form) + 1;
-      offset += static_cast<std::int64_t>(units);
-      if (offset > kGreatestNumber) {
-        throw RaisedError(u"TGLFileRep.Write_CalcOffsetBlocks",
-                          u"The strings are too long for one file.");
-      }
+    std::int64_t size = 0;
+    for (const SortedString& string : encoded.Sorted) {
+      const std::size_t bytes = FieldOf(encoded, string, column).size();
+      size += static_cast<std::int64_t>(bytes / UnitBytes(format.Form) + 1);
     }
-    layout.BlockSizes.*format.BlockSize = static_cast<std::int32_t>(offset);
+    if (size > kGreatestNumber) {
+      throw RaisedError(u"TGLFileRep.Write_CalcOffsetBlocks",
+                        u"The strings are too long for one file.");
+    }
+    sizes.*format.BlockSize = static_cast<std::int32_t>(size);
   }
-  return layout;
+  return sizes;
 }
 
 void TGLFileRep::Write_FileHeader(VBFileStream& stream, std::int32_t count) {
@@ -257,16 +262,21 @@ void TGLFileRep::Write_FileHeader(VBFileStream& stream, std::int32_t count) {
   for (const auto field : kTGLHeaderFields) stream.WriteLong(header.*field);
 }
 
-void TGLFileRep::Write_FileOffsetBlocks(VBFileStream& stream, const Layout& layout) {
-  for (const TGLOffsetBlock& block : layout.OffsetBlocks) {
-    for (const TGLColumn& column : kTGLColumns) stream.WriteLong(block.*column.Offset);
+void TGLFileRep::Write_FileOffsetBlocks(VBFileStream& stream, const Encoded& encoded) {
+  TGLOffsetBlock next;
+  for (const SortedString& string : encoded.Sorted) {
+    for (std::size_t column = 0; column < kTGLColumns.size(); ++column) {
+      const TGLColumn& format = kTGLColumns[column];
+      const std::size_t bytes = FieldOf(encoded, string, column).size();
+      stream.WriteLong(next.*format.Offset);
+      next.*format.Offset += static_cast<std::int32_t>(bytes / UnitBytes(format.Form) + 1);
+    }
   }
 }
 
-void TGLFileRep::Write_Column(VBFileStream& stream, const SortedStrings& strings,
-                              std::size_t column) {
-  for (const Encoded* string : strings) {
-    stream.WriteString(string->Fields[column], kTGLColumns[column].Form);
+void TGLFileRep::Write_Column(VBFileStream& stream, const Encoded& encoded, std::size_t column) {
+  for (const SortedString& string : encoded.Sorted) {
+    stream.WriteString(FieldOf(encoded, string, column), kTGLColumns[column].Form);
   }
 }
 

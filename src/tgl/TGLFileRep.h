@@ -6,6 +6,7 @@
 
 #include "platform/Files.h"
 #include "text/Text.h"
+#include "tgl/TGLEntries.h"
 #include "tgl/TGLFormat.h"
 #include "tgl/TGLStrings.h"
 #include "tgl/VBFileStream.h"
@@ -39,7 +40,7 @@ class TGLFileRep {
   /// one that stands already: for a file that ReadFile refuses. A string past the file's end has
   /// empty fields. Raises what ReadFile raises, but for the Names, and for a file that ends inside
   /// its offset blocks.
-  std::vector<TGLString> ReadEntries(TextView Filename);
+  TGLEntries ReadEntries(TextView Filename);
 
   /// Writes the strings in ascending order of the hashes of their Names; the collection stays as it
   /// was. The file takes its place whole (see FileReplacement), or the old one stands untouched.
@@ -57,15 +58,20 @@ class TGLFileRep {
 
  private:
   /// A string on its way to the file.
-  struct Encoded {
+  struct SortedString {
     std::uint32_t Hash;
-    std::array<FileTextView, 3> Fields;  ///< As they will stand there, without terminators.
+    std::uint32_t Slot;
+    std::uint32_t Object;  ///< Its number among the encoded objects; kInFile for none.
   };
-  using SortedStrings = std::vector<const Encoded*>;
+  static constexpr std::uint32_t kInFile = 0xFFFFFFFF;
 
-  struct Layout {
-    std::vector<TGLOffsetBlock> OffsetBlocks;
-    TGLBlockSizes BlockSizes;
+  /// What is to be written, sorted. Strings that nobody has asked for stay where they stand, in the
+  /// file that was loaded: there may be very many of them, and each of them very small.
+  struct Encoded {
+    const TGLStrings& Strings;
+    std::vector<SortedString> Sorted;
+    std::vector<std::array<FileTextView, 3>> Objects;  ///< Their fields without terminators.
+    FileText Store;                                    ///< Those that are made for the file.
   };
 
   template <class Step>
@@ -77,12 +83,14 @@ class TGLFileRep {
   void CheckTarget(TextView Filename, const TGLStrings* Strings, bool Overwrite);
   static void RequireStrings(const TGLStrings& strings);
   void Write_Strings(VBFileStream& stream, const TGLStrings& strings);
-  std::vector<Encoded> Write_Encode(const TGLStrings& strings, FileText& store);
-  SortedStrings Write_SortString(const std::vector<Encoded>& strings);
-  Layout Write_CalcOffsetBlocks(const SortedStrings& strings);
+  static FileTextView FieldOf(const Encoded& encoded, const SortedString& string,
+                              std::size_t column);
+  static void Write_Encode(Encoded& encoded);
+  static void Write_SortString(Encoded& encoded);
+  static TGLBlockSizes Write_CalcOffsetBlocks(const Encoded& encoded);
   void Write_FileHeader(VBFileStream& stream, std::int32_t count);
-  void Write_FileOffsetBlocks(VBFileStream& stream, const Layout& layout);
-  void Write_Column(VBFileStream& stream, const SortedStrings& strings, std::size_t column);
+  void Write_FileOffsetBlocks(VBFileStream& stream, const Encoded& encoded);
+  void Write_Column(VBFileStream& stream, const Encoded& encoded, std::size_t column);
 
   Files& files_;
   TGLHeader header_;

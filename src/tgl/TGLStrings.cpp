@@ -4,48 +4,15 @@
 #include <string>
 #include <utility>
 
-#include "text/CodePage.h"
 #include "text/LetterCase.h"
 #include "text/RaisedError.h"
 #include "text/Utf8.h"
 #include "tgl/Blanks.h"
+#include "tgl/NameKeys.h"
 #include "tgl/TGLFormat.h"
 
 namespace tarvo {
 namespace {
-
-/// For each byte of a name the folded unit that it stands for.
-const std::array<char16_t, 256>& FoldedUnits() {
-  static const std::array<char16_t, 256> units = [] {
-    FileText bytes;
-    for (int byte = 0; byte < 256; ++byte) bytes += static_cast<char>(byte);
-    const Text folded = FoldCase(TextFromFileText(bytes));
-    std::array<char16_t, 256> table;
-    std::copy(folded.begin(), folded.end(), table.begin());
-    return table;
-  }();
-  return units;
-}
-
-char16_t FoldedUnit(char byte) {
-  return FoldedUnits()[static_cast<unsigned char>(byte)];
-}
-
-/// A hash over folded units, which `unit` gives for each element of `key`.
-template <class Key, class UnitOf>
-std::uint32_t HashUnits(const Key& key, UnitOf unit) {
-  std::uint64_t hash = 0xCBF29CE484222325;
-  for (const auto element : key) hash = (hash ^ unit(element)) * 0x100000001B3;
-  return static_cast<std::uint32_t>(hash ^ hash >> 32);
-}
-
-std::uint32_t HashFolded(TextView foldedKey) {
-  return HashUnits(foldedKey, [](char16_t unit) { return unit; });
-}
-
-FileTextView NameIn(const FileText& file, std::uint32_t at) {
-  return StringBytes(file, at, kTGLColumns[0].Form);
-}
 
 [[noreturn]] void NothingToRemove(const Text& where) {
   throw RaisedError(u"TGLStrings.Remove",
@@ -61,11 +28,9 @@ TGLStrings::TGLStrings(FileText file, const std::vector<FilePlaces>& strings)
   for (const FilePlaces& places : strings) {
     const FileTextView name = NameIn(file_, places[0]);
     if (name.find_first_not_of(' ') == FileTextView::npos) RefuseBlankName();
-    const std::uint32_t hash = HashUnits(name, FoldedUnit);
+    const std::uint32_t hash = tarvo::HashOfKey(name);
     const auto isSame = [&](std::uint32_t slot) {
-      const FileTextView earlier = NameIn(file_, slots_[slot].At[0]);
-      return std::equal(name.begin(), name.end(), earlier.begin(), earlier.end(),
-                        [](char a, char b) { return FoldedUnit(a) == FoldedUnit(b); });
+      return SameKey(name, NameIn(file_, slots_[slot].At[0]));
     };
     if (index_.Find(hash, isSame) != KeyIndex::kNone) continue;
     const auto slot = static_cast<std::uint32_t>(slots_.size());
@@ -99,7 +64,7 @@ TGLStrings::Entry TGLStrings::Add(Text Name, Text Data, Text Media, std::optiona
   const Text key = FoldCase(Key ? *Key : TextView(Name));
   auto entry =
       std::make_shared<TGLString>(TGLString{std::move(Name), std::move(Data), std::move(Media)});
-  const std::uint32_t hash = HashFolded(key);
+  const std::uint32_t hash = tarvo::HashOfKey(key);
   const auto isSame = [&](std::uint32_t slot) { return HasKey(slot, key); };
   if (index_.Find(hash, isSame) != KeyIndex::kNone) return entry;
   const auto slot = static_cast<std::uint32_t>(slots_.size());
@@ -134,14 +99,14 @@ bool TGLStrings::HasKey(std::uint32_t slot, TextView foldedKey) const {
 
 std::uint32_t TGLStrings::HashOfKey(std::uint32_t slot) const {
   const Slot& found = slots_[slot];
-  if (!found.Key.empty()) return HashFolded(found.Key);
-  return HashUnits(NameIn(file_, found.At[0]), FoldedUnit);
+  if (!found.Key.empty()) return tarvo::HashOfKey(found.Key);
+  return tarvo::HashOfKey(NameIn(file_, found.At[0]));
 }
 
 TGLStrings::Entry TGLStrings::Lookup(TextView ID) const {
   const Text key = FoldCase(ID);
   const std::uint32_t slot =
-      index_.Find(HashFolded(key), [&](std::uint32_t at) { return HasKey(at, key); });
+      index_.Find(tarvo::HashOfKey(key), [&](std::uint32_t at) { return HasKey(at, key); });
   return slot == KeyIndex::kNone ? nullptr : EntryOf(slot);
 }
 
@@ -160,7 +125,7 @@ void TGLStrings::Remove(std::int32_t Index) {
 void TGLStrings::Remove(TextView Index) {
   const Text key = FoldCase(Index);
   const std::uint32_t slot =
-      index_.Find(HashFolded(key), [&](std::uint32_t at) { return HasKey(at, key); });
+      index_.Find(tarvo::HashOfKey(key), [&](std::uint32_t at) { return HasKey(at, key); });
   if (slot == KeyIndex::kNone) NothingToRemove(u"with the key '" + Text(Index) + u"'");
   // The order is that of the slots, as entries come in at the end alone.
   const auto place = std::lower_bound(order_.begin(), order_.end(), slot);

@@ -10,6 +10,7 @@
 
 #include "text/Text.h"
 #include "tgl/KeyIndex.h"
+#include "tgl/TGLEntries.h"
 #include "tgl/TGLString.h"
 #include "tgl/TextStore.h"
 
@@ -65,9 +66,9 @@ class TGLStrings {
 
  private:
   friend class TGLFileRep;
+  friend class TGLRepair;
 
-  /// Where the fields of a string begin in its file, in bytes from 0.
-  using FilePlaces = std::array<std::uint32_t, 3>;
+  using FilePlaces = TGLEntries::Places;
 
   struct Slot {
     Entry Object;   ///< Null until asked for, where the string stands in the file.

@@ -88,6 +88,52 @@ TEST_F(PackageCommands, StatusTellsWhatWentWrong) {
   EXPECT_NE(denied.words.find("Critical: Can't write to File "), std::string::npos);
 }
 
+/// A folder that can't be listed, a source that can't be read, one that ends early.
+TEST_F(PackageCommands, NoPackageLacksAFileAndTheOldOneStands) {
+  Pack({"scripts2"});
+  const std::string old = folder.Get("program/Tarvos/x.Tarvo");
+  for (const FileStep step : {FileStep::List, FileStep::Open, FileStep::Read}) {
+    files.Fail(step, 1, kReadFault);
+    const Outcome failed = Pack({"scripts"});
+    EXPECT_EQ(failed.status, 3);
+    EXPECT_NE(failed.words.find(SystemWords(kReadFault)), std::string::npos);
+    EXPECT_EQ(folder.Get("program/Tarvos/x.Tarvo"), old);
+    files.Heal();
+  }
+  EXPECT_EQ(Pack({"scripts", "scripts2/mistyped.py"}).status, 3);
+  EXPECT_EQ(folder.Get("program/Tarvos/x.Tarvo"), old);
+}
+
+TEST_F(PackageCommands, AListThatNoReaderTakesIsNotWritten) {
+  const std::string part(200, 'n');
+  const std::string name = part + "/" + part + "/" + part + "/" + part;
+  folder.Put("game/" + name, "");
+  std::vector<std::string> entries(kLongestHead / name.size() + 1, name);
+  EXPECT_EQ(Pack(entries).status, 1);
+  EXPECT_EQ(disk->FileNames(folder.Game(u"program\\Tarvos")).size(), 0u);
+  entries.resize(kLongestHead / (name.size() + 3) - 10);
+  EXPECT_EQ(Pack(entries).status, 0);
+  EXPECT_EQ(Verify().status, 0);
+}
+
+TEST_F(PackageCommands, ACommandThatChangesTheGameIsRefusedWhileAnotherOneDoes) {
+  Pack({"scripts2"});
+  const LockAttempt other = disk->TryLock(options.Game, u"tarvo merge Nord");
+  for (const std::vector<std::string>& words :
+       std::vector<std::vector<std::string>>{{"install", "x"},
+                                             {"enable", "A"},
+                                             {"add-menu", "A"},
+                                             {"merge", "A"},
+                                             {"ship-plugin", "A", "--menu", "Bases"},
+                                             {"sound-plugin", "A", "--sound", "a,b,10"}}) {
+    const Outcome refused = Do(words);
+    EXPECT_EQ(refused.status, 3) << words[0];
+    EXPECT_NE(refused.words.find("tarvo merge Nord"), std::string::npos) << words[0];
+  }
+  EXPECT_EQ(Do({"ships"}).status, 0);
+  EXPECT_EQ(folder.Entries("game"), 4u) << "the lock is all that is new";
+}
+
 TEST_F(PackageCommands, PackagesThatAreNotInOrderAreStatusOneWithTheReason) {
   folder.Put("program/Tarvos/x.Tarvo",
              PackageHead(u"\\..\\a\r\n", u"") + "body" + BodyEnd() + "more");

@@ -291,6 +291,20 @@ TEST_F(QBMenusScreen, ShipsThatCantBeMovedAreNotCalledMoved) {
   EXPECT_THAT(StatusLine(), Holds(u"B.py"));
 }
 
+TEST_F(QBMenusScreen, AMenuWhoseShipsCantBeToldStaysWhole) {
+  PutShip(u"A", u"Borg Ships");
+  frmGameTools& screen = Open();
+  AddMenu(screen, u"Borg");
+  const FileText both = machine.Bytes(species) + machine.Bytes(quickBattle);
+  machine.boxes.clear();
+  machine.files.Fail(FileStep::List, 1, kReadFault);
+  DeleteMenu(screen, 8);
+  EXPECT_EQ(machine.Bytes(species) + machine.Bytes(quickBattle), both);
+  EXPECT_TRUE(IsUnder(u"A", u"Borg Ships"));
+  EXPECT_EQ(machine.boxes.size(), 1u);
+  EXPECT_EQ(machine.boxes.back().Icon, BoxIcon::Critical);
+}
+
 TEST_F(QBMenusScreen, FindsTheFirstMenuThatAPluginNames) {
   WriteDatabase(species, {u"Borg"});
   frmGameTools& screen = Open();

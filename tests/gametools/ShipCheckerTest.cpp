@@ -97,6 +97,37 @@ TEST_F(ShipChecker, ScanDisablesWhatFailsAndSaysSo) {
   EXPECT_EQ(screen.txtFileDisplay.Text() + screen.txtErrorDisplay.Text(), u"");
 }
 
+/// A folder that can't be listed, a file that can't be looked at or read, a whole folder that has
+/// gone.
+TEST_F(ShipChecker, WhatCantBeLookedAtDisablesNoShip) {
+  AddShip(u"A");
+  AddShip(u"B");
+  frmGameTools& screen = Open();
+  const auto menusTab = [&] {
+    machine.app.Failures.clear();
+    screen.lblMenus.Press();
+    machine.files.Heal();
+    EXPECT_EQ(PluginFiles(), (Texts{u"A.py", u"B.py"}));
+    return !machine.app.Failures.empty();
+  };
+  for (const FileStep step : {FileStep::List, FileStep::Look, FileStep::Open, FileStep::Read}) {
+    int failures = 0;
+    for (int nth = 1; nth <= 8; ++nth) {
+      for (const TextView ship : {u"A", u"B"}) AddShip(ship);  // So that they are read again.
+      machine.files.Fail(step, nth, kReadFault);
+      failures += menusTab();
+    }
+    EXPECT_GT(failures, 1) << static_cast<int>(step);
+  }
+  EXPECT_FALSE(menusTab());
+  machine.disk->Rename(Script(u"Hardpoints\\hull.py"), game + u"\\hull.py");
+  machine.disk->RemoveFolder(Script(u"Hardpoints"));
+  EXPECT_TRUE(menusTab());
+  for (const TextView ship : {u"A", u"B"}) machine.disk->Remove(Script(Text(ship) + u".py"));
+  machine.disk->RemoveFolder(Script(u""));
+  EXPECT_TRUE(menusTab());
+}
+
 TEST_F(ShipChecker, ScanReadsAScriptOnlyWhenItHasChanged) {
   for (const TextView ship : {u"A", u"B", u"C"}) AddShip(ship);
   frmGameTools& screen = Open();

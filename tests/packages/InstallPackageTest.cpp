@@ -166,6 +166,25 @@ TEST_F(Installing, FileThatCantBeWrittenIsNamedAndTheRestFollows) {
             Text::npos);
 }
 
+TEST_F(Installing, ADefinitionThatCantBeWrittenIsNotMerged) {
+  const Text ships = game + u"\\data\\TGL\\Ships.TGL";
+  for (const Text& path : {ships, game + u"\\data\\TGL\\QuickBattle\\QuickBattle.TGL"}) {
+    machine.WriteFile(path, "");
+    TGLFile file(*machine.disk);
+    file.Strings().Add(u"Galaxy", u"x", u"");
+    file.Update(path, true);
+  }
+  const Text definition = DefinitionPath(program, u"A");
+  machine.WriteFile(definition, "");
+  TGLFile old(*machine.disk);
+  AddDefinition(old.Strings(), u"A", {.LongName = u"old"});
+  old.Update(definition, true);
+  const FileText before = machine.Bytes(ships);
+  machine.disk->SetAttributes(definition, kReadOnlyFile);
+  Install(Package({{u"\\ShipTGLs\\A.TGL", "new"}}));
+  EXPECT_EQ(machine.Bytes(ships), before);
+}
+
 TEST_F(Installing, FullDiskLosesNoOldFile) {
   machine.WriteFile(game + u"\\s\\1.py", "old");
   for (const FileStep step : {FileStep::Copy, FileStep::Commit}) {

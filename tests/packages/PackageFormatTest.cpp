@@ -65,7 +65,13 @@ TEST(PackageFormat, EntriesThatCouldHarmAreUnsafe) {
                             Text(u"\\com1"),
                             Text(u"\\LPT9.tar.gz"),
                             Text(u"\\com\u00B9.x"),
-                            Text(u"\\conin$")}) {
+                            Text(u"\\conin$"),
+                            Text(u"\\ShipTGLs\\*.TGL"),
+                            Text(u"\\a?"),
+                            Text(u"\\a\"b"),
+                            Text(u"\\a<b>\\c"),
+                            Text(u"\\a|b"),
+                            u"\\a\\" + Text(128, u'\u00FC')}) {
     EXPECT_TRUE(UnsafeReason(entry)) << Utf8FromText(entry);
   }
 }

@@ -163,6 +163,20 @@ TEST_F(PackagerScreen, SourceThatHasGoneGivesAnEmptySectionAndIsNamed) {
   EXPECT_NE(machine.Start().StatusBar.Panel1.Get().find(u"b.py"), Text::npos);
 }
 
+TEST_F(PackagerScreen, SourceThatCantBeReadMakesNoPackageAndTheReasonComesFirst) {
+  machine.WriteFile(program + u"\\Tarvos\\x.Tarvo", "old");
+  frmPackager& screen = Open();
+  ChooseFolder(screen, u"\\scripts\\ships");
+  screen.lblAddAll.Press();
+  screen.cboFileName.SetText(u"x");
+  machine.files.Fail(FileStep::Read, 2, kReadFault);
+  screen.lblSave.Press();
+  EXPECT_EQ(machine.Bytes(program + u"\\Tarvos\\x.Tarvo"), "old");
+  ASSERT_EQ(machine.boxes.size(), 2u);
+  EXPECT_NE(machine.boxes[0].Message.find(SystemErrorText(kReadFault)), Text::npos);
+  EXPECT_EQ(machine.boxes[0].Icon, BoxIcon::Critical);
+}
+
 TEST_F(PackagerScreen, WarnsOfFilesThatCantComeOutAgain) {
   machine.WriteFile(game + u"\\odd\\a;b.py", "x");
   machine.WriteFile(game + u"\\odd\\marker.bin", "xx===Next File===yy");

@@ -4,6 +4,9 @@
 #include <thread>
 
 #include "platform/HostMachine.h"
+#ifndef _WIN32
+#include "platform/posix/PosixFiles.h"
+#endif
 #include "support/Child.h"
 #include "support/TemporaryFolder.h"
 #include "text/Utf8.h"
@@ -108,6 +111,16 @@ TEST_F(AbandonedTest, KeepsAJournalWhileThereAreSiblings) {
   }
   EXPECT_EQ(Journal(), 0u);
 }
+
+#ifndef _WIN32
+TEST_F(AbandonedTest, AFolderThatCantBeUsedGivesWayToTheNextOne) {
+  const auto state =
+      std::make_shared<PosixState>(std::vector{folder.Host("file/below"), folder.Host("journal")});
+  PosixFiles files(state);
+  const auto file = files.Replace(folder.Game(u"file"));
+  EXPECT_EQ(folder.Entries("journal"), 1u);
+}
+#endif
 
 TEST_F(AbandonedTest, WorksWithoutAJournal) {
   const auto files = OpenFiles(folder.Host("file/below"));

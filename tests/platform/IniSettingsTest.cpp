@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -7,6 +8,7 @@
 
 #include "platform/posix/IniSettings.h"
 #include "platform/posix/PosixReplacement.h"
+#include "platform/posix/SystemCalls.h"
 #include "platform/posix/UserFolders.h"
 #include "support/CodeOf.h"
 #include "support/TemporaryFolder.h"
@@ -129,6 +131,23 @@ TEST(IniSettings, MakeTheirFoldersBySettingOnly) {
 }
 
 /// Sets a variable of the environment for as long as it lives.
+TEST(IniSettings, AreGivenUpWhenAnotherProcessKeepsThem) {
+  const TemporaryFolder folder;
+  IniSettings settings(folder.Host("s.ini"), NoJournal());
+  settings.Write(u"App", u"Section", u"Key", u"1");
+  const Descriptor other = OpenDescriptor(folder.Host(), O_RDONLY | O_DIRECTORY);
+  ASSERT_EQ(flock(other.Get(), LOCK_EX), 0);
+  EXPECT_EQ(CodeOf([&] { settings.Write(u"App", u"Section", u"Key", u"2"); }), EAGAIN);
+  EXPECT_EQ(settings.Read(u"App", u"Section", u"Key", u""), u"1");
+}
+
+TEST(IniSettings, NoteTheirTemporariesInTheJournal) {
+  const TemporaryFolder folder;
+  const auto state = std::make_shared<PosixState>(std::vector{folder.Host("journal")});
+  IniSettings(folder.Host("s.ini"), state).Write(u"App", u"Section", u"Key", u"1");
+  EXPECT_EQ(folder.Entries("journal"), 1u);
+}
+
 class Variable {
  public:
   Variable(const char* name, const char* value) : name_(name) {

@@ -5,8 +5,8 @@
 #include <cerrno>
 #include <filesystem>
 
-#include "platform/PlatformError.h"
 #include "platform/HostMachine.h"
+#include "platform/PlatformError.h"
 #include "platform/posix/PosixFiles.h"
 #include "support/CodeOf.h"
 #include "support/TemporaryFolder.h"
@@ -79,6 +79,21 @@ TEST_F(PosixFilesTest, FollowsLinksAndTakesNothingElseForAFile) {
   files.RemoveFolder(folder.Game(u"Folder.txt\\"));
   EXPECT_EQ(files.FolderNames(folder.Game()), Names{u"Sub"});
   EXPECT_TRUE(files.FileExists(folder.Game(u"Sub\\x")));
+}
+
+/// A link that leads round in a circle stands for whatever keeps the system from looking.
+TEST_F(PosixFilesTest, WhatCantBeLookedAtIsNotMissing) {
+  symlink("loop", folder.Host("loop").c_str());
+  folder.Put("Sub/x", "");
+  const Text below = folder.Game(u"loop\\x");
+  EXPECT_EQ(CodeOf([&] { files.FileExists(below); }), ELOOP);
+  EXPECT_EQ(CodeOf([&] { files.FolderExists(below); }), ELOOP);
+  EXPECT_EQ(CodeOf([&] { files.Stamp(below); }), ELOOP);
+  EXPECT_EQ(files.FolderNames(folder.Game()), Names{u"Sub"});
+  for (const Text& path : {folder.Game(u"Sub\\x\\y"), folder.Game(u"none\\x"),
+                           folder.Game(Text(300, u'n')), Text(u"C:\\x")}) {
+    EXPECT_FALSE(files.FileExists(path) || files.FolderExists(path) || files.Stamp(path));
+  }
 }
 
 TEST_F(PosixFilesTest, DeletesAFileWhoseNameReadsAsAWildcardAndNoOther) {

@@ -3,6 +3,7 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -37,6 +38,18 @@ TEST_F(PosixReplacementTest, GivesModes) {
     EXPECT_EQ(StateOf("old").st_mode & 07777, mode);
   }
   umask(mask);
+}
+
+TEST_F(PosixReplacementTest, KeepsExtendedAttributes) {
+  folder.Put("file", "");
+  const std::string path = folder.Host("file");
+  if (setxattr(path.c_str(), "user.a", "one", 3, 0) != 0) GTEST_SKIP() << "none are kept here";
+  ASSERT_EQ(setxattr(path.c_str(), "user.empty", "", 0, 0), 0);
+  Write(u"file", "bytes");
+  char value[8];
+  EXPECT_EQ(getxattr(path.c_str(), "user.a", value, sizeof value), 3);
+  EXPECT_EQ(std::string(value, 3), "one");
+  EXPECT_EQ(getxattr(path.c_str(), "user.empty", value, sizeof value), 0);
 }
 
 TEST_F(PosixReplacementTest, KeepsTheOwner) {

@@ -118,7 +118,7 @@ TEST_F(WindowsFilesTest, GoBeyond260Units) {
   EXPECT_EQ(files.FileNames(path), std::vector<Text>{u"file.txt"});
   EXPECT_EQ(TextFromUtf8(HostPath(file)), file);
   files.Rename(file, path + u"\\other.txt");
-  files.Remove(path + u"\\*.txt");
+  files.Remove(path + u"\\other.txt");
   for (; path != folder.Game(); path.resize(path.rfind(u'\\'))) files.RemoveFolder(path);
   EXPECT_EQ(folder.Entries(), 0u);
 }
@@ -131,7 +131,6 @@ TEST_F(WindowsFilesTest, AreNeverMatchedByShortNames) {
     GTEST_SKIP() << "no short names here";
   }
   EXPECT_EQ(files.FileNames(folder.Game(), u"*.pyt"), std::vector<Text>{});
-  EXPECT_EQ(CodeOf([&] { files.Remove(folder.Game(u"*.pyt")); }), kNoSuchFile);
 }
 
 TEST(SystemErrors, TurnIntoWordsWithoutLineEnds) {

@@ -235,5 +235,31 @@ TEST_F(TGLTools, MergeTakesTheSelectedDefinitionsAndPatchesTheirPlugins) {
   EXPECT_EQ(update(u""), u"Update the Game's TGL Information...");
 }
 
+/// Whatever look, read or write fails: the plug-in is the old one or the patched one.
+TEST_F(TGLTools, NoFailureOfAMergeCutsAPlugin) {
+  const FileText old =
+      "# Uncomment these if you have TGL   #\r\nFoundation.ShipDef.Nord.desc = 'x'\r\n" +
+      FileText(5000, '#') + "Foundation.ShipDef.Nord.RegisterQBShipMenu(menuGroup)";
+  Define(u"Nord", {.LongName = u"USS Nord"});
+  screen->File2.Reload();
+  screen->lblGameTGL.Press();
+  const int before = machine.files.AllSteps();
+  const auto merge = [&] {
+    machine.WriteFile(PluginPath(u"Nord"), old);
+    screen->File2.SetSelected(0, true);
+    screen->lblUpdateGame.Press();
+    machine.files.Heal();
+    return machine.Bytes(PluginPath(u"Nord"));
+  };
+  const FileText patched = merge();
+  ASSERT_NE(patched, old);
+  const int steps = machine.files.AllSteps() - before;
+  for (int step = 1; step <= steps; ++step) {
+    machine.files.FailAny(step, kReadFault);
+    const FileText now = merge();
+    EXPECT_TRUE(now == patched || (now == old && !machine.app.Failures.empty())) << step;
+  }
+}
+
 }  // namespace
 }  // namespace tarvo::test

@@ -111,6 +111,7 @@ void FailingFiles::Heal() {
   for (Plan& changed : plans_) changed.FailAt = 0;
   bytesLeft_.reset();
   failAt_ = 0;
+  killAt_ = 0;
 }
 
 void FailingFiles::Take(FileStep step, TextView path) {
@@ -120,6 +121,7 @@ void FailingFiles::Take(FileStep step, TextView path) {
   Plan& taken = PlanOf(step);
   ++taken.Seen;
   ++seen_;
+  if (killAt_ != 0 && seen_ >= killAt_) throw Killed{};
   if (seen_ == failAt_) fail(failCode_);
   if (taken.FailAt == 0 || taken.Seen < taken.FailAt) return;
   if (!taken.Onwards) taken.FailAt = 0;

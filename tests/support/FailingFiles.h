@@ -30,6 +30,9 @@ enum class FileStep {
   Count,
 };
 
+/// What goes through the program when its process is killed: nothing in it catches this.
+struct Killed {};
+
 /// Files that fail on purpose, and otherwise do what the files behind them do. What a step throws
 /// is a PlatformError like a real one's. Readers and replacements must not outlive the object.
 class FailingFiles : public Files {
@@ -42,6 +45,9 @@ class FailingFiles : public Files {
 
   /// Lets the `nth` step of any kind from now on fail with `code`.
   void FailAny(int nth, int code);
+
+  /// Throws Killed in front of the `nth` step of any kind from now on, and of all that follow.
+  void KillAt(int nth) { killAt_ = seen_ + nth; }
 
   /// Lets all replacements together take `bytes` more bytes, then fail as a full disk would.
   void FailAfterBytes(std::uint64_t bytes, int code);
@@ -104,6 +110,7 @@ class FailingFiles : public Files {
   int seen_ = 0;
   int failAt_ = 0;  ///< The number of the step of any kind that fails; 0 for none.
   int failCode_ = 0;
+  int killAt_ = 0;
   std::optional<std::uint64_t> bytesLeft_;
   int fullCode_ = 0;
 };

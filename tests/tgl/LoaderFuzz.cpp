@@ -58,14 +58,13 @@ void Repair(const FileText& bytes) {
   static MemoryFiles disk;
   disk.Put(kPath, bytes);
   TGLFileRep rep(disk);
-  TGLRepaired repaired;
-  if (!Allowed({u"TGLFileRep.ReadFile"},
-               [&] { repaired = RepairTGLStrings(rep.ReadEntries(kPath)); })) {
-    return;
-  }
-  if (repaired.Strings.Count() == 0) return;
-  rep.WriteFile(kPath, &repaired.Strings, true);
-  Expect(rep.ReadFile(kPath).Count() == repaired.Strings.Count());
+  std::optional<TGLRepair> repair;
+  if (!Allowed({u"TGLFileRep.ReadFile"}, [&] { repair.emplace(rep.ReadEntries(kPath)); })) return;
+  for (std::size_t i = 0; i < repair->DroppedCount(); ++i)
+    Expect(!repair->DroppedAt(i).Why.empty());
+  if (repair->Strings().Count() == 0) return;
+  rep.WriteFile(kPath, &repair->Strings(), true);
+  Expect(rep.ReadFile(kPath).Count() == repair->Strings().Count());
 }
 
 }  // namespace

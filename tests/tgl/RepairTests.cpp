@@ -27,42 +27,34 @@ TEST(RepairTest, DropsWhatTheLoaderRefusesAndWritesTheRest) {
   TGLFileRep rep(files);
   EXPECT_NE(Raised([&] { rep.ReadFile(kPath); }), "");
 
-  const TGLRepaired repaired = RepairTGLStrings(rep.ReadEntries(kPath));
-  const struct {
-    std::int32_t Place;
-    TGLString String;
-    Text Why;
-  } dropped[] = {
-      {1, {u"", u"A", u"a"}, u"its name is blank"},
-      {4, {u"nO", u"D", u"d"}, u"its name differs only in case from 'No'"},
-      {5, {u"  ", u"E", u"e"}, u"its name is blank"},
-      {6, {u"Ship216254", u"F", u"f"}, u"its name has the same hash as 'Ship365020'"},
-      {8, {u"No", u"H", u"h"}, u"its name stands already"},
+  const TGLRepair repair(rep.ReadEntries(kPath));
+  const TGLRepair::Dropped dropped[] = {
+      {1, u"", u"its name is blank"},
+      {4, u"nO", u"its name differs only in case from 'No'"},
+      {5, u"  ", u"its name is blank"},
+      {6, u"Ship216254", u"its name has the same hash as 'Ship365020'"},
+      {8, u"No", u"its name stands already"},
   };
-  ASSERT_EQ(repaired.Dropped.size(), std::size(dropped));
+  ASSERT_EQ(repair.DroppedCount(), std::size(dropped));
   for (std::size_t i = 0; i < std::size(dropped); ++i) {
-    EXPECT_EQ(repaired.Dropped[i].Place, dropped[i].Place);
-    EXPECT_EQ(repaired.Dropped[i].String, dropped[i].String);
-    EXPECT_EQ(repaired.Dropped[i].Why, dropped[i].Why);
+    EXPECT_EQ(repair.DroppedAt(i).Place, dropped[i].Place);
+    EXPECT_EQ(repair.DroppedAt(i).Name, dropped[i].Name);
+    EXPECT_EQ(repair.DroppedAt(i).Why, dropped[i].Why);
   }
 
-  rep.WriteFile(u"Z:\\repaired.TGL", &repaired.Strings);
+  rep.WriteFile(u"Z:\\repaired.TGL", &repair.Strings());
   EXPECT_EQ(Records(rep.ReadFile(u"Z:\\repaired.TGL")),
             (std::vector<TGLString>{
                 {u"No", u"C", u"c"}, {u"Ship365020", u"B", u"b"}, {u"Yes", u"G", u"g"}}));
 }
 
-TEST(RepairTest, EmptyFieldsStayEmpty) {
-  const TGLRepaired repaired = RepairTGLStrings({{u"a", u"", u""}, {u"b", u"  ", u" "}});
-  EXPECT_EQ(Records(repaired.Strings),
-            (std::vector<TGLString>{{u"a", u"", u""}, {u"b", u"  ", u" "}}));
-}
-
 TEST(RepairTest, ACutFileKeepsTheNamesThatItHolds) {
   MemoryFiles files;
   files.Put(kPath, kExampleFile.substr(0, 0x2F));
-  const std::vector<TGLString> entries = TGLFileRep(files).ReadEntries(kPath);
-  EXPECT_EQ(entries, (std::vector<TGLString>{{u"No", u"", u""}, {u"", u"", u""}}));
+  const TGLEntries entries = TGLFileRep(files).ReadEntries(kPath);
+  ASSERT_EQ(entries.Count(), 2);
+  EXPECT_EQ(entries.At(1), (TGLString{u"No", u"", u""}));
+  EXPECT_EQ(entries.At(2), (TGLString{u"", u"", u""}));
 }
 
 TEST(RepairTest, RefusesWhatIsNoDatabase) {

@@ -128,8 +128,20 @@ void PosixReplacement::WriteOut(FileTextView bytes) {
     const ssize_t count =
         Uninterrupted([&] { return write(file_.Get(), bytes.data(), bytes.size()); });
     if (count <= 0) FailWriting(count < 0 ? errno : EIO);
+    Written(static_cast<std::uint64_t>(count));
     bytes.remove_prefix(static_cast<std::size_t>(count));
   }
+}
+
+/// Sends the bytes of a file that is waited for on their way as they come, so that the wait at its
+/// end is for the last of them alone. Whether that works shows then.
+void PosixReplacement::Written(std::uint64_t bytes) {
+  constexpr std::uint64_t kStep = 8 * 1024 * 1024;
+  written_ += bytes;
+  if (!IsWaitedFor() || written_ - started_ < kStep) return;
+  sync_file_range(file_.Get(), static_cast<off64_t>(started_),
+                  static_cast<off64_t>(written_ - started_), SYNC_FILE_RANGE_WRITE);
+  started_ = written_;
 }
 
 std::uint64_t PosixReplacement::CopyFrom(FileReader& source, std::uint64_t position,
@@ -159,6 +171,7 @@ std::uint64_t PosixReplacement::CopyInKernel(PosixFileReader& source, std::uint6
                                          std::min(count - copied, kMostAtOnce), 0);
     if (step < 0 && errno == EINTR) continue;
     if (step <= 0) break;
+    Written(static_cast<std::uint64_t>(step));
     copied += static_cast<std::uint64_t>(step);
   }
   return copied;
@@ -197,7 +210,7 @@ void PosixReplacement::TakeOverAttributes(bool isSameOwner) {
 /// Brings the sibling to its end, ready to be renamed.
 void PosixReplacement::Finish() {
   if (old_) TakeOver(*old_);
-  if (old_ || newFile_ == NewFile::OnDisk) {
+  if (IsWaitedFor()) {
     if (const int code = Synced(file_.Get())) Fail(u"write", code);
   }
   if (const int code = file_.Close()) Fail(u"write", code);
@@ -233,7 +246,7 @@ void PosixReplacement::Commit() {
   state_->siblings.Gone();
   const std::string folder = HostFolderOf(target_);
   state_->names.Added(folder, HostNameOf(target_));
-  if (old_ || newFile_ == NewFile::OnDisk) SyncFolders();
+  if (IsWaitedFor()) SyncFolders();
 }
 
 /// Brings the file's name to the disk, and those of the folders above it that are new. Should that

@@ -42,6 +42,8 @@ class PosixReplacement : public BufferedReplacement {
   std::optional<struct stat> Standing() const;
   void OpenSibling();
   void WriteOut(FileTextView bytes) override;
+  bool IsWaitedFor() const { return old_ || newFile_ == NewFile::OnDisk; }
+  void Written(std::uint64_t bytes);
   std::uint64_t CopyInKernel(PosixFileReader& source, std::uint64_t position, std::uint64_t count);
   void TakeOver(const struct stat& old);
   void TakeOverAttributes(bool isSameOwner);
@@ -56,6 +58,8 @@ class PosixReplacement : public BufferedReplacement {
   std::optional<struct stat> old_;  ///< Of the file to be replaced, as last seen.
   std::string sibling_;             ///< Empty when there is none.
   Descriptor file_;
+  std::uint64_t written_ = 0;  ///< Bytes.
+  std::uint64_t started_ = 0;  ///< Of those, the bytes that are on their way to the disk.
 };
 
 }  // namespace tarvo

@@ -1,0 +1,64 @@
+#include "faults/Process.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <stdexcept>
+
+namespace tarvo::test {
+namespace {
+
+constexpr int kMinute = 60'000;
+
+std::vector<char*> Pointers(const Words& words) {
+  std::vector<char*> pointers;
+  for (const std::string& word : words) pointers.push_back(const_cast<char*>(word.c_str()));
+  pointers.push_back(nullptr);
+  return pointers;
+}
+
+}  // namespace
+
+pid_t Start(const Words& words, const Words& environment, const std::string& folder,
+            const std::string& output) {
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
+  posix_spawn_file_actions_addopen(&actions, 1, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  posix_spawn_file_actions_adddup2(&actions, 1, 2);
+  posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
+  pid_t process = 0;
+  const int code = posix_spawnp(&process, words[0].c_str(), &actions, nullptr,
+                                Pointers(words).data(), Pointers(environment).data());
+  posix_spawn_file_actions_destroy(&actions);
+  if (code != 0) throw std::runtime_error("can't start " + words[0]);
+  return process;
+}
+
+int Wait(pid_t process) {
+  pollfd end{static_cast<int>(syscall(SYS_pidfd_open, process, 0)), POLLIN, 0};
+  const bool hung = poll(&end, 1, kMinute) == 0;
+  if (hung) kill(process, SIGKILL);
+  close(end.fd);
+  int status = 0;
+  waitpid(process, &status, 0);
+  if (hung) return kHung;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+}
+
+std::string BytesOf(const std::string& path) {
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file < 0) return {};
+  std::string bytes(std::filesystem::file_size(path), '\0');
+  const ssize_t count = read(file, bytes.data(), bytes.size());
+  close(file);
+  if (count != static_cast<ssize_t>(bytes.size())) throw std::runtime_error("can't read " + path);
+  return bytes;
+}
+
+}  // namespace tarvo::test
