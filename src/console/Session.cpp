@@ -2,9 +2,9 @@
 
 #include "controls/ProgressBar.h"
 #include "platform/Files.h"
-#include "state/ChangeTogether.h"
 #include "state/CommonUtilities.h"
 #include "state/GameLock.h"
+#include "state/PendingWork.h"
 #include "state/StartUp.h"
 #include "text/Utf8.h"
 
@@ -22,6 +22,7 @@ Session::Session(SessionDoors doors, const SessionOptions& options, std::ostream
   SetConstants(app);
   app.State.GamePath = options.Game;
   app.Caller = options.Command;
+  app.SyncsLater = options.SyncsLater;
   app.State.ReadChunkSize = 1 << 20;  // No bar is shown for the reading of one file.
   if (!options.Game.empty()) gameSource_ = u"option";
 }
@@ -50,12 +51,24 @@ bool Session::RequireGame() {
 }
 
 bool Session::Changing(const std::function<void()>& run) {
-  for (const Text& package : UnfinishedInstalls(app)) {
+  return LockingGame(app, {}, [&] {
+    TellUnfinishedWork();
+    run();
+  });
+}
+
+/// They are told by each command until the work has been done again.
+void Session::TellUnfinishedWork() {
+  const UnfinishedWork work = FindUnfinishedWork(app);
+  for (const Text& package : work.Installs) {
     output.Say(u"\"" + package +
-               u"\" was not installed to the end: install it again, so that all " +
-               u"of its files are whole.");
+               u"\" was not installed to the end: install it again, so that all of its files are "
+               u"whole.");
   }
-  return LockingGame(app, {}, run);
+  for (const Text& package : work.Packages) {
+    output.Say(u"\"" + package +
+               u"\" may not be whole, since the program or the computer went down: make it again.");
+  }
 }
 
 void Session::PrepareProgramFolder() {

@@ -19,8 +19,9 @@ struct SessionOptions {
   Text Answer;         ///< "Yes", "No", "All", or empty to ask.
   bool Json = false;
   bool Quiet = false;
-  Text Command;           ///< As the user gave it: what other programs are told meanwhile.
-  bool Terminal = false;  ///< Standard error is a terminal: a progress line is shown.
+  Text Command;             ///< As the user gave it: what other programs are told meanwhile.
+  bool SyncsLater = false;  ///< See Application.
+  bool Terminal = false;    ///< Standard error is a terminal: a progress line is shown.
 };
 
 /// The doors that the console tool shares with the desktop program.
@@ -77,6 +78,8 @@ class Session : private FormHost,
   Application app;
 
  private:
+  void TellUnfinishedWork();
+
   void Made(Form&) override {}
   void RunModal(Form& form) override;
   void Closed(Form&) override {}

@@ -1,9 +1,11 @@
 #include <algorithm>
 #include <iostream>
 
+#include "console/Background.h"
 #include "console/Commands.h"
 #include "console/Terminal.h"
 #include "platform/HostMachine.h"
+#include "state/PendingWork.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
@@ -32,6 +34,16 @@ void AddGlobalOptions(CLI::App& parser, CommandLine& line) {
   parser.add_flag("--quiet", line.options.Quiet, "No messages of information, no progress line");
 }
 
+/// Raises the status where not all could be written that the user was to read.
+int Closed(int status) {
+  std::cout.flush();
+  const int code = LastSystemError();
+  if (std::cout) return status;
+  const PlatformError error(u"write to", u"the standard output", code);
+  std::cerr << Utf8FromText(Words(error)) << std::endl;
+  return kFileFailure;
+}
+
 int Run(CommandLine& line, Terminal& terminal) {
   const HostMachine machine = OpenHostMachine();
   line.options.Game = line.game.empty() ? Text() : GamePathFromArgument(line.game);
@@ -41,26 +53,22 @@ int Run(CommandLine& line, Terminal& terminal) {
   const Text failure = FailureWords(program);
   if (program.Path.empty()) {
     std::cerr << Utf8FromText(failure) << std::endl;
-    return kFileFailure;
+    return Closed(kFileFailure);
   }
   line.options.ProgramFolder = program.Path;
   line.options.Answer = line.all ? u"All" : line.yes ? u"Yes" : line.no ? u"No" : u"";
+  line.options.SyncsLater = true;
   line.options.Terminal = terminal.ShowsErrors();
   Session session(
       {*machine.files, *machine.settings, *machine.registry, *machine.locale, *machine.clock},
       line.options, std::cout, std::cerr, [&] { return terminal.ReadLine(); });
   if (!failure.empty()) session.Complain(u"Warning: " + failure);
-  return line.run(session);
-}
-
-/// Raises the status where not all could be written that the user was to read.
-int Closed(int status) {
-  std::cout.flush();
-  const int code = LastSystemError();
-  if (std::cout) return status;
-  const PlatformError error(u"write to", u"the standard output", code);
-  std::cerr << Utf8FromText(Words(error)) << std::endl;
-  return kFileFailure;
+  const int status = Closed(line.run(session));
+  if (HasWrittenWork(session.app)) {
+    GoOnInBackground(status);
+    BringToDisk(session.app);
+  }
+  return status;
 }
 
 }  // namespace
@@ -83,5 +91,5 @@ int main(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return tarvo::Closed(parser.exit(error) == 0 ? tarvo::kDone : tarvo::kWrongUsage);
   }
-  return tarvo::Closed(tarvo::Run(line, terminal));
+  return tarvo::Run(line, terminal);
 }

@@ -7,9 +7,9 @@
 #include "platform/Guarded.h"
 #include "platform/Sound.h"
 #include "shiptgl/UpdateGameTGL.h"
-#include "state/ChangeTogether.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
+#include "state/PendingWork.h"
 #include "state/ReadProgress.h"
 #include "state/Shell.h"
 #include "text/LetterCase.h"
@@ -51,7 +51,7 @@ class frmPackager::Installation {
   }
 
   void Write(const Text& package) {
-    BeginInstall(app_, package);
+    const Text note = BeginWork(app_, WorkKind::Install, package);
     for (std::size_t i = 0; i < entries_.size(); ++i) {
       if (IsTGLEntry(entries_[i])) {
         InstallShipTGL(entries_[i], bodies_[i]);
@@ -60,8 +60,7 @@ class frmPackager::Installation {
       }
     }
     app_.shell->ShowStatus(u"Bringing all Files to the Disk...");
-    for (const Text& folder : {app_.State.GamePath, app_.ProgramFolder}) files_.Sync(folder);
-    EndInstall(app_, package);
+    EndWork(app_, note);
     app_.shell->ShowStatus(u"All Files are on the Disk.");
     ShowFailures(app_);
   }

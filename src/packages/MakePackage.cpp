@@ -7,6 +7,7 @@
 #include "platform/Sound.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
+#include "state/PendingWork.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
@@ -69,9 +70,12 @@ void frmPackager::MakePackage() {
 /// False, and told, when no package could be made; the user's choice of files is kept then, and an
 /// old package of that name stands.
 bool frmPackager::WritePackage() {
+  Text note;
   Text reason;
   try {
+    note = BeginWork(app_, WorkKind::Package, cboFileName.Text());
     WriteWholePackage();
+    EndWork(app_, note);
     return true;
   } catch (const PlatformError& error) {
     NoteFailure(app_, error);
@@ -80,6 +84,7 @@ bool frmPackager::WritePackage() {
     NoteFailure(app_, error);
     reason = error.Description;
   }
+  DropWork(app_, note);
   app_.dialogue.PacMsg(u"No Tarvo could be made!\n\n" + reason, Title::Critical);
   return false;
 }
@@ -90,7 +95,7 @@ void frmPackager::WriteWholePackage() {
   if (head.size() > kLongestHead) {
     throw RaisedError(u"Package", u"The list of files is longer than a Tarvo can have.");
   }
-  const auto package = app_.machine.files.Replace(PackagePath());
+  const auto package = app_.machine.files.Replace(PackagePath(), NewFile::Later);
   package->Write(head);
   for (const Text& entry : EntriesOf(PackageList)) {
     lblFile.Caption = entry;

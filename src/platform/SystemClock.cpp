@@ -2,7 +2,11 @@
 
 #include <chrono>
 #include <cstdint>
+#include <fstream>
+#include <string>
 #include <thread>
+
+#include "text/Utf8.h"
 
 namespace tarvo {
 
@@ -17,6 +21,13 @@ void SystemClock::Randomize() {
 double SystemClock::Random() {
   constexpr double kNumbers = 4294967296.0;
   return random_() / kNumbers;
+}
+
+/// Linux gives each run an identifier of its own. Windows has none that outlives a changed clock.
+Text SystemClock::RunOfComputer() {
+  std::string identifier;
+  std::ifstream("/proc/sys/kernel/random/boot_id") >> identifier;
+  return TextFromUtf8(identifier);
 }
 
 void SystemClock::Pause(int milliseconds) {

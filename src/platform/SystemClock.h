@@ -11,6 +11,7 @@ class SystemClock : public Clock {
  public:
   void Randomize() override;
   double Random() override;
+  Text RunOfComputer() override;
   void Pause(int milliseconds) override;
 
  private:

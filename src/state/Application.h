@@ -71,6 +71,9 @@ class Application {
   /// names itself and the command.
   Text Caller;
 
+  /// What commands have written may reach the disk later; whoever sets this calls BringToDisk.
+  bool SyncsLater = false;
+
   /// The locks of the command that runs, for those that run inside of it; see GameLock.h.
   std::weak_ptr<void> HeldLocks;
   bool ToldOfNoLock = false;  ///< The user knows that a folder can't be locked.

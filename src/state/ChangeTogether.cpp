@@ -1,52 +1,20 @@
 #include "state/ChangeTogether.h"
 
 #include <algorithm>
-#include <sstream>
 
 #include "platform/FileCopies.h"
 #include "platform/Files.h"
 #include "platform/Guarded.h"
 #include "state/CommonUtilities.h"
+#include "state/NotesFolder.h"
 #include "state/Shell.h"
 #include "state/UnfinishedNote.h"
-#include "text/LetterCase.h"
-#include "text/Utf8.h"
 
 namespace tarvo {
 namespace {
 
-Text NotesFolder(const Application& app) {
-  return app.ProgramFolder + u"\\Backup\\Unfinished";
-}
-
-/// The path of a note on the present game, whichever way led to its folder.
-Text NotePath(Application& app, TextView ending) {
-  const Text game = FoldCase(app.machine.files.RealPath(app.State.GamePath));
-  std::ostringstream name;
-  name << std::hex << HashOf(Utf8FromText(game));
-  return NotesFolder(app) + u"\\" + TextFromUtf8(name.str()) + Text(ending);
-}
-
 Text ChangeNotePath(Application& app) {
   return NotePath(app, u".change");
-}
-
-void WriteNote(Application& app, const Text& path, const FileText& text) {
-  MakeFolders(app.machine.files, NotesFolder(app));
-  WriteWhole(app.machine.files, path, text);
-}
-
-/// The folder of the notes goes with the last of them.
-void RemoveEmptyFolder(Application& app) {
-  Guarded([&] {
-    const Text folder = NotesFolder(app);
-    if (app.machine.files.FolderExists(folder)) app.machine.files.RemoveFolder(folder);
-  });
-}
-
-void RemoveNote(Application& app, const Text& path) {
-  app.machine.files.Remove(path);
-  RemoveEmptyFolder(app);
 }
 
 /// What stands at a path; nothing for no file.
@@ -166,32 +134,6 @@ std::vector<Text> Complete(Application& app, const std::vector<NotedFile>& noted
   return changed;
 }
 
-Text InstallsPath(Application& app) {
-  return NotePath(app, u".installs");
-}
-
-void WriteInstalls(Application& app, const std::vector<Text>& packages) {
-  const Text path = InstallsPath(app);
-  FileText text;
-  for (const Text& package : packages) text += Utf8FromText(package) + "\n";
-  try {
-    if (!packages.empty()) {
-      WriteNote(app, path, text);
-    } else if (app.machine.files.FileExists(path)) {
-      RemoveNote(app, path);
-    }
-  } catch (const PlatformError& error) {
-    if (!SaysNotAllowed(error.Code)) throw;
-  }
-}
-
-std::vector<Text> ReadInstalls(Application& app) {
-  std::istringstream lines(BytesAt(app.machine.files, InstallsPath(app)).value_or(FileText()));
-  std::vector<Text> packages;
-  for (std::string line; std::getline(lines, line);) packages.push_back(TextFromUtf8(line));
-  return packages;
-}
-
 }  // namespace
 
 void ChangeTogether(Application& app, const std::vector<FileChange>& changes) {
@@ -209,7 +151,7 @@ bool HasUnfinishedChange(Application& app) {
 }
 
 void FinishChange(Application& app) {
-  if (!HasUnfinishedChange(app)) return RemoveEmptyFolder(app);
+  if (!HasUnfinishedChange(app)) return RemoveEmptyNotesFolder(app);
   NotingFailures(app, [&] {
     const Text path = ChangeNotePath(app);
     const auto noted = ParseNote(ReadWhole(app.machine.files, path).Bytes());
@@ -220,32 +162,6 @@ void FinishChange(Application& app) {
     }
     RemoveNote(app, path);
   });
-}
-
-void BeginInstall(Application& app, const Text& package) {
-  std::vector<Text> packages = ReadInstalls(app);
-  if (std::ranges::find(packages, package) != packages.end()) return;
-  packages.push_back(package);
-  WriteInstalls(app, packages);
-}
-
-void EndInstall(Application& app, const Text& package) {
-  std::vector<Text> packages = ReadInstalls(app);
-  std::erase(packages, package);
-  WriteInstalls(app, packages);
-}
-
-std::vector<Text> UnfinishedInstalls(Application& app) {
-  std::vector<Text> packages;
-  if (app.State.GamePath.empty()) return packages;
-  NotingFailures(app, [&] {
-    if (app.machine.files.FolderExists(NotesFolder(app))) packages = ReadInstalls(app);
-  });
-  return packages;
-}
-
-void ForgetUnfinishedInstalls(Application& app) {
-  NotingFailures(app, [&] { WriteInstalls(app, {}); });
 }
 
 }  // namespace tarvo

@@ -28,15 +28,4 @@ void FinishChange(Application& app);
 /// True when a change of this game was cut short. Changes nothing; a failure is noted.
 bool HasUnfinishedChange(Application& app);
 
-/// Keeps in mind that the files of a package are on their way into the game, until they are all on
-/// the disk. Throws PlatformError, but where the program folder can't hold a note.
-void BeginInstall(Application& app, const Text& package);
-void EndInstall(Application& app, const Text& package);
-
-/// The packages whose installation into this game was begun and has not come to its end.
-std::vector<Text> UnfinishedInstalls(Application& app);
-
-/// The user has been told of them.
-void ForgetUnfinishedInstalls(Application& app);
-
 }  // namespace tarvo

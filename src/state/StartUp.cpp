@@ -8,11 +8,12 @@
 #include "platform/Settings.h"
 #include "platform/Sound.h"
 #include "platform/Windows.h"
-#include "state/ChangeTogether.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
 #include "state/Foundation.h"
 #include "state/GameLock.h"
+#include "state/NotesFolder.h"
+#include "state/PendingWork.h"
 #include "state/Shell.h"
 #include "state/StoredFlag.h"
 #include "text/Utf8.h"
@@ -110,15 +111,24 @@ void ClearGameTextsReadOnly(Application& app) {
 
 namespace {
 
+void TellUnfinishedWork(Application& app) {
+  const UnfinishedWork work = FindUnfinishedWork(app);
+  const auto tell = [&](Text words, const std::vector<Text>& packages) {
+    for (const Text& package : packages) words += u"\n" + package;
+    if (!packages.empty()) app.dialogue.PacMsg(words, Title::Warning);
+  };
+  tell(u"These Tarvos were not installed to the end.  Please install them again!\n", work.Installs);
+  tell(
+      u"These Tarvos may not be whole, since the Program or the Computer went down.  Please make "
+      u"them again!\n",
+      work.Packages);
+  ForgetUnfinishedWork(app);
+}
+
 /// What the last run couldn't bring to its end.
 void TakeUpUnfinished(Application& app) {
-  if (HasUnfinishedChange(app)) LockingGame(app, u"Start", [] {});
-  const std::vector<Text> installs = UnfinishedInstalls(app);
-  if (installs.empty()) return;
-  Text words = u"These Tarvos were not installed to the end.  Please install them again!\n";
-  for (const Text& package : installs) words += u"\n" + package;
-  app.dialogue.PacMsg(words, Title::Warning);
-  ForgetUnfinishedInstalls(app);
+  BringToDisk(app);
+  if (HasNotes(app)) LockingGame(app, u"Start", [&] { TellUnfinishedWork(app); });
 }
 
 }  // namespace

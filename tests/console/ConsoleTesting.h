@@ -7,6 +7,7 @@
 
 #include "console/Commands.h"
 #include "platform/HostMachine.h"
+#include "state/PendingWork.h"
 #include "support/FailingFiles.h"
 #include "support/Fakes.h"
 #include "support/TemporaryFolder.h"
@@ -39,6 +40,7 @@ inline Outcome RunTool(const SessionDoors& doors, const SessionOptions& options,
   std::ostringstream said;
   Session session(doors, options, results, said, std::move(readLine));
   const int status = command(session);
+  if (options.SyncsLater) BringToDisk(session.app);
   return {status, results.str(), said.str()};
 }
 

@@ -76,7 +76,7 @@ TEST_F(PackageCommands, StatusTellsWhatWentWrong) {
   EXPECT_NE(missing.words.find("missing.py: " + SystemWords(kNoSuchFile)), std::string::npos);
   folder.Put("game/s/a;b.py", "x");
   EXPECT_EQ(Pack({"s"}).status, 1);
-  files.Fail(FileStep::Write, 1, kDiskFull);
+  files.Fail(FileStep::Write, 2, kDiskFull);  // The first one is that of the note.
   const Outcome full = Pack({"scripts"});
   EXPECT_EQ(full.status, 3);
   EXPECT_NE(full.words.find("x.Tarvo: " + SystemWords(kDiskFull)), std::string::npos);

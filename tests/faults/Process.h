@@ -19,9 +19,10 @@ pid_t Start(const Words& words, const Words& environment, const std::string& fol
 
 constexpr int kHung = 1000;
 
-/// Waits for its end; gives its exit status, the number of the signal as a negative one, or kHung
-/// for a process that took longer than a minute and was killed.
-int Wait(pid_t process);
+/// Waits for its end and that of what it leaves running in the background. Gives its exit status,
+/// the number of the signal as a negative one, or kHung for what took longer than a minute.
+int Run(const Words& words, const Words& environment, const std::string& folder,
+        const std::string& output);
 
 /// Empty for a file that isn't there.
 std::string BytesOf(const std::string& path);

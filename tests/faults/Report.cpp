@@ -21,7 +21,7 @@ Sources SourcesOf(const std::vector<Finding>& findings, const std::string& tool)
   Words words = {"addr2line", "-a", "-i", "-e", tool};
   words.insert(words.end(), offsets.begin(), offsets.end());
   try {
-    Wait(Start(words, {}, "/", folder.Host("sources")));
+    Run(words, {}, "/", folder.Host("sources"));
   } catch (const std::runtime_error&) {
     return {};
   }

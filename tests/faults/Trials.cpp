@@ -12,8 +12,8 @@ namespace {
 
 constexpr int kHighestStatus = 3;
 
-/// What the program keeps for its next start, which takes it away: its journals, its notes on changes
-/// that are under way, and temporary files. Whether it is there is no user's business.
+/// What the program keeps for its next start, which takes it away: its journals, its notes on
+/// changes that are under way, and temporary files. Whether it is there is no user's business.
 bool IsOwn(const std::string& path) {
   return path.starts_with("/state") || path.find("/Backup/Unfinished") != std::string::npos ||
          path.find("/.tarvo-") != std::string::npos;
@@ -75,7 +75,7 @@ Trials::Ran Trials::Run(const Words& line, const Words& orders) {
   environment.insert(environment.end(), orders.begin(), orders.end());
   environment.insert(environment.end(), {"LD_PRELOAD=" TARVO_PRELOAD, "TARVO_FAULTS_ROOT=" + scene_,
                                          "TARVO_FAULTS_REPORT=" + report});
-  const int status = Wait(Start(line, environment, scene_, output));
+  const int status = test::Run(line, environment, scene_, output);
   Ran ran{status, BytesOf(output), {}, {}, {}};
   std::istringstream lines(BytesOf(report));
   for (std::string word, rest; lines >> word && std::getline(lines >> std::ws, rest);) {

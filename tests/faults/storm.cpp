@@ -63,7 +63,7 @@ class Storm {
 
  private:
   std::string OutputOf(const Words& words) {
-    Wait(Start(words, environment_, folder_.Host(), folder_.Host("output")));
+    Run(words, environment_, folder_.Host(), folder_.Host("output"));
     return folder_.Get("output");
   }
 

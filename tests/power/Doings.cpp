@@ -141,7 +141,10 @@ void PutNewData(Computer& computer) {
 }  // namespace
 
 const std::vector<Doing> kDoings = {
-    {"PackNew", {"pack", "Fleet", "scripts", "sfx"}, Define},
+    {.Name = "PackNew",
+     .Words = {"pack", "Fleet", "scripts", "sfx"},
+     .Prepare = Define,
+     .MaySpoil = true},
     {"PackOverOld", {"pack", "Fleet", "scripts", "sfx"}, PackOther},
     {.Name = "InstallNew", .Words = {"install", "Nord"}, .Prepare = PutPackage, .MaySpoil = true},
     {.Name = "InstallOverOld",

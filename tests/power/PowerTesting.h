@@ -13,6 +13,8 @@ class Computer {
  public:
   explicit Computer(const MemoryDisk& found) : disk(std::make_shared<PowerCutFiles>(found)) {
     machine.hasFoundation = false;
+    static int runs = 0;
+    machine.clock.Run = TextFromUtf8(std::to_string(++runs));
     machine.answers.assign(20, u"Yes");
   }
 
@@ -48,6 +50,7 @@ class Computer {
     options.Game = machine.GameFolder();
     options.ProgramFolder = machine.ProgramFolder();
     options.Answer = u"Yes";
+    options.SyncsLater = true;
     const SessionDoors doors{*disk, machine.settings, machine.registry, machine.locale,
                              machine.clock};
     const Outcome outcome = RunTool(doors, options, words, {});

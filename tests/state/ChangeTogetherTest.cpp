@@ -102,16 +102,5 @@ TEST_F(ChangedTogether, WhatSomebodyHasChangedSinceStays) {
   EXPECT_NE(machine.Start().StatusBar.Panel1.Get(), u"");
 }
 
-TEST_F(ChangedTogether, InstallsThatDidNotEndAreKnownToTheNextStart) {
-  BeginInstall(machine.app, u"\u00DCber Ship");
-  BeginInstall(machine.app, u"b");
-  BeginInstall(machine.app, u"b");
-  EndInstall(machine.app, u"b");
-  EXPECT_EQ(UnfinishedInstalls(machine.app), std::vector<Text>{u"\u00DCber Ship"});
-  EndInstall(machine.app, u"\u00DCber Ship");
-  EXPECT_TRUE(UnfinishedInstalls(machine.app).empty());
-  EXPECT_FALSE(machine.disk->FolderExists(notes));
-}
-
 }  // namespace
 }  // namespace tarvo::test

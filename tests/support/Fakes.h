@@ -61,12 +61,14 @@ class ScriptedClock : public Clock {
  public:
   void Randomize() override { ++Randomized; }
   double Random() override;
+  Text RunOfComputer() override { return Run; }
   void Pause(int milliseconds) override {
     Waited += milliseconds;
     if (OnPause) OnPause();
   }
 
   std::deque<double> Numbers;
+  Text Run = u"first";
   int Randomized = 0;
   int Waited = 0;                 ///< Milliseconds.
   std::function<void()> OnPause;  ///< What others do meanwhile.

@@ -60,6 +60,7 @@ struct Nowhere : Settings, Registry, Sound, Video, Locale, Clock, Windows, Dialo
   char16_t DecimalMark() override { return u'.'; }
   void Randomize() override {}
   double Random() override { return 0; }
+  Text RunOfComputer() override { return {}; }
   void Pause(int) override {}
   void ShowMessage(TextView, TextView, BoxIcon) override {}
   bool OpenAddress(TextView) override { return false; }

@@ -1,0 +1,7 @@
+#include "console/Background.h"
+
+namespace tarvo {
+
+void GoOnInBackground(int) {}
+
+}  // namespace tarvo
