@@ -305,6 +305,10 @@ void frmGameTools::RemoveMenus(TGLFile& species, TGLFile& quickBattle) {
   const bool moved = staying && RemoveSelectedMenus(species, quickBattle);
   const bool removed = moved && SaveMenus({&species, &quickBattle});
   LoadQBMenus();
+  if (removed && quickBattle.Strings().Count() == 0) {
+    Tell(quickBattle.Filename() + u" keeps the menu: it has no other string, and can't be empty.");
+    app_.machine.windows.ShowMessage(news_, u"", BoxIcon::Information);
+  }
   if (removed) {
     app_.dialogue.PacMsg(u"The Selected QB Menu Items have been Removed from the Game!",
                          Title::Information);

@@ -210,6 +210,17 @@ TEST_F(QBMenusScreen, WhatDeleteWouldTakeIsMarkedAndNamed) {
   EXPECT_EQ(machine.boxes[2].Message, kMoved);
 }
 
+TEST_F(QBMenusScreen, TheLastStringOfTheGameStaysAndThatIsTold) {
+  frmGameTools& screen = Open();
+  AddMenu(screen, u"Borg");
+  machine.boxes.clear();
+  DeleteMenu(screen, 8);
+  EXPECT_THAT(DatabaseLines(quickBattle), ElementsAre(Line(u"Borg Ships")));
+  ASSERT_EQ(machine.boxes.size(), 3u);
+  EXPECT_THAT(machine.boxes[0].Message, Holds(quickBattle));
+  EXPECT_EQ(StatusLine(), machine.boxes[0].Message);
+}
+
 TEST_F(QBMenusScreen, DeleteFindsMenusThatStandInTheFileOtherwise) {
   WriteDatabase(quickBattle, {u"Quit", u"\u0416 Ships"});
   TGLFile file(*machine.disk);

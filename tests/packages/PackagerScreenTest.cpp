@@ -109,6 +109,8 @@ TEST_F(PackagerScreen, RemoveTakesTheSelectedFilesOutOfBothLists) {
 TEST_F(PackagerScreen, NamesThatLeadElsewhereMakeNoPackage) {
   frmPackager& screen = Open();
   screen.lblAddAll.Press();
+  const Text outside = program + u"\\Outside.Tarvo";
+  machine.WriteFile(outside, "x");
   const auto before = machine.FilesBelow(machine.folder.Game());
   for (const TextView name : {u"..\\Outside", u"a/b", u"..", u"a*", u"a\t"}) {
     machine.boxes.clear();
@@ -117,6 +119,8 @@ TEST_F(PackagerScreen, NamesThatLeadElsewhereMakeNoPackage) {
     screen.lblSave.Press();
     ASSERT_EQ(machine.boxes.size(), 1u);
     EXPECT_EQ(machine.boxes[0].Icon, BoxIcon::Exclamation);
+    screen.lblTest.Press();
+    EXPECT_EQ(machine.boxes[1].Message, u"That is not a Valid Tarvo File Name!!!");
   }
   EXPECT_EQ(machine.FilesBelow(machine.folder.Game()), before);
   screen.cboFileName.SetText(u"good");
