@@ -78,9 +78,19 @@ void frmGameTools::FieldChanged(const Control& field) {
   app_.shell->ShowStatus(field.Marked ? field.Hint.Get() : TabLine());
 }
 
+Text frmGameTools::SelectedIn(std::initializer_list<const ListBox*> lists) {
+  Text names;
+  for (const ListBox* list : lists) {
+    for (std::size_t row = 0; row < list->Count(); ++row) {
+      if (list->Selected(row)) names += (names.empty() ? u"" : u", ") + list->Item(row);
+    }
+  }
+  return names;
+}
+
 /// What the status line says while no failure stands in it: the news of the last command, else why
-/// a field of the tab is marked, else what the tab is for; and on the Menus tab what its command
-/// without a question would delete.
+/// a field of the tab is marked, else what the tab is for; and on the Menus tab what its commands
+/// without a question would take.
 Text frmGameTools::TabLine() const {
   Text line = news_;
   if (line.empty()) {
@@ -89,7 +99,10 @@ Text frmGameTools::TabLine() const {
     }
   }
   if (line.empty()) line = status_;
-  const Text menu = fraMenus.Visible ? MenuToDelete() : Text();
+  if (!fraMenus.Visible) return line;
+  const Text ships = SelectedIn({&lstEnabled});
+  if (!ships.empty()) line += u" Still chosen: " + ships + u".";
+  const Text menu = MenuToDelete();
   if (!menu.empty()) line += u" Delete QB Menu would delete \"" + menu + u"\".";
   return line;
 }
@@ -111,9 +124,8 @@ void frmGameTools::ShowTargets() {
   const Text menu = MenuToDelete();
   fraQBMenu.MarkedMenu = menu.empty() ? -1 : static_cast<int>(SelectedMenu);
   fraQBMenu.MarkWords = menu.empty() ? Text() : Text(u"Delete QB Menu would delete this menu");
-  lblDeleteQB.Hint =
-      menu.empty() ? Text(u"Deletes the menu of yours that was opened last: now there is none")
-                   : u"Deletes the menu that was opened last: \"" + menu + u"\"";
+  lblDeleteQB.Hint = menu.empty() ? Text(u"Deletes a menu of your own: open it first")
+                                  : u"Deletes the menu \"" + menu + u"\"";
 }
 
 }  // namespace tarvo

@@ -177,12 +177,7 @@ void frmGameTools::DeleteShips() {
 /// In the tree and in the status line, for as long as the question stands.
 void frmGameTools::ShowWhatIsDeleted() {
   fraQBMenu.Changed();
-  Text ships;
-  for (const ListBox* list : {&lstEnabled, &lstDisabled}) {
-    for (std::size_t row = 0; row < list->Count(); ++row) {
-      if (list->Selected(row)) ships += (ships.empty() ? u"" : u", ") + list->Item(row);
-    }
-  }
+  const Text ships = SelectedIn({&lstEnabled, &lstDisabled});
   app_.shell->ShowStatus(ships.empty() ? Text(u"No ship is chosen: nothing would be deleted.")
                                        : u"To be deleted: " + ships);
 }

@@ -285,17 +285,17 @@ void frmGameTools::ConnectTree() {
   fraQBMenu.OnPointerFree = [this] { PointAtNoRow(); };
 }
 
-/// The menu that was opened last may be another one now.
+/// What the commands would take may be something else now.
 void frmGameTools::ClickRow(RowPanel::Place place, bool onCaption) {
   const int index = static_cast<int>(place.Index);
-  const Text before = MenuToDelete();
+  const Text before = TabLine();
   if (place.Kind == RowPanel::Family::Menu) {
     onCaption ? lblQBMenu_Click(index) : imgQBMenu_Click(index);
   } else {
     onCaption ? lblQBShip_Click(index) : imgQBShip_Click(index);
   }
   ShowTargets();
-  if (MenuToDelete() != before) Tell({});
+  if (TabLine() != before) Tell({});
 }
 
 /// An arrow that is let go before the timer's first tick goes one step all the same.

@@ -313,6 +313,7 @@ class frmGameTools : public Form {
   Text FaultOfVolumes() const;
   std::vector<const Control*> MarkedFields() const;
   void FieldChanged(const Control& field);
+  static Text SelectedIn(std::initializer_list<const ListBox*> lists);
   Text TabLine() const;
   void Tell(Text news);
   void ShowTargets();

@@ -111,6 +111,7 @@ TEST_F(ShipStates, WhatADeletionWouldTakeIsShown) {
   ClickInTree(screen, 0, u"A");
   Select(screen.lstDisabled, u"D");
   screen.lblDelete.Press();
+  EXPECT_NE(machine.Start().StatusBar.Panel1.Get().find(u"Still chosen: A."), Text::npos);
   ClickInTree(screen, 0, u"B");
   EXPECT_EQ(chosen(), u"AB");
   screen.lblDelete.Press();
