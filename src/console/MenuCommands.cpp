@@ -52,9 +52,10 @@ int RunDeleteMenu(Session& session, const std::string& typed) {
     if (!session.app.Failures.empty()) return;
     const std::vector<Text> names = MenuNames(screen);
     const Text name = TextFromUtf8(typed);
-    const auto found = std::ranges::find(names, name);
-    if (found == names.end()) return session.Complain(u"There is no Quick Battle menu " + name);
-    screen.SelectedMenu = static_cast<std::int16_t>(found - names.begin());
+    // The menus that can be deleted are the last ones; one of them may have a built-in one's name.
+    const auto found = std::ranges::find(names.rbegin(), names.rend(), name);
+    if (found == names.rend()) return session.Complain(u"There is no Quick Battle menu " + name);
+    screen.SelectedMenu = static_cast<std::int16_t>(names.rend() - found - 1);
     screen.DeleteQBMenu();
   });
   return FinishWithMessages(session);

@@ -141,6 +141,14 @@ void SetField(TextBox& field, const std::optional<std::string>& typed) {
   if (typed) field.SetText(TextFromUtf8(*typed));
 }
 
+/// A menu that isn't in the list goes into the plug-in as it is typed.
+void PickMenu(ComboBox& box, const Text& menu) {
+  for (std::size_t row = 0; row < box.Count(); ++row) {
+    if (box.Item(row) == menu) return box.Pick(row);
+  }
+  box.SetText(menu);
+}
+
 void MakePlugin(Session& session, const PluginOptions& typed) {
   frmGameTools& screen = OpenGameTools(session);
   screen.ListShips();
@@ -151,8 +159,9 @@ void MakePlugin(Session& session, const PluginOptions& typed) {
   SetField(screen.txtVersion, typed.version);
   SetField(screen.txtSources, typed.sources);
   SetField(screen.txtComments, typed.comments);
-  screen.cboSpecies.SetText(TextFromUtf8(typed.menu));
-  screen.cboSpecies_Click();
+  PickMenu(screen.cboSpecies, TextFromUtf8(typed.menu));
+  screen.MarkFields();
+  for (const Text& reason : screen.ReasonsOfMarks()) session.output.Say(reason);
   screen.MakeShipPlugin();
 }
 

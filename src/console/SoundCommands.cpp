@@ -2,7 +2,6 @@
 
 #include "console/Commands.h"
 #include "console/GameTools.h"
-#include "platform/Locale.h"
 #include "sounds/SoundPlugin.h"
 #include "text/Utf8.h"
 
@@ -71,13 +70,12 @@ int RunWeapons(Session& session) {
 
 /// Adds a sound by the screen's command, as if its lists held this weapon and file alone; a part
 /// of a phaser's sound that is named needs no question.
-void AddSound(Session& session, frmGameTools& screen, const TypedSound& sound) {
+void AddSound(frmGameTools& screen, const TypedSound& sound) {
   const Text wave = TextFromUtf8(sound.wave);
   const Text weapon = TextFromUtf8(sound.weapon + sound.part);
   screen.SoundVolume = static_cast<std::int16_t>(sound.volume);
   if (!sound.part.empty() && FitsOneLine(weapon)) {
-    screen.lstSoundInfo.Add(
-        SoundEntry(wave, weapon, sound.volume, session.app.machine.locale.DecimalMark()));
+    screen.lstSoundInfo.Add(SoundEntry(wave, weapon, sound.volume, screen.DecimalMark()));
     return;
   }
   screen.lstWeapons.Clear();
@@ -87,14 +85,17 @@ void AddSound(Session& session, frmGameTools& screen, const TypedSound& sound) {
   screen.AddSoundEntry();
 }
 
-int RunSoundPlugin(Session& session, const std::string& name,
-                   const std::vector<TypedSound>& sounds) {
+int RunSoundPlugin(Session& session, const std::string& name, const std::vector<TypedSound>& sounds,
+                   bool points) {
   if (!session.RequireGame()) return session.Finish(false);
   session.PrepareProgramFolder();
   frmGameTools& screen = OpenGameTools(session);
+  screen.PointsInVolumes = points;
   screen.cboSoundName.SetText(TextFromUtf8(name));
-  for (const TypedSound& sound : sounds) AddSound(session, screen, sound);
+  for (const TypedSound& sound : sounds) AddSound(screen, sound);
   if (screen.lstSoundInfo.Count() < sounds.size()) return session.Finish(false);
+  screen.MarkFields();
+  for (const Text& reason : screen.ReasonsOfMarks()) session.output.Say(reason);
   session.Changing([&] { screen.MakeSoundPlugin(); });
   return session.FinishWithMessage();
 }
@@ -105,12 +106,16 @@ void AddSoundCommands(CLI::App& parser, Command& chosen) {
   struct Arguments {
     std::string name;
     std::vector<TypedSound> sounds;
+    bool points = false;
   };
   const auto typed = std::make_shared<Arguments>();
   AddCommand(parser, chosen, "weapons", "List the weapons of all hardpoint scripts", RunWeapons);
-  CLI::App* const plugin = AddCommand(
-      parser, chosen, "sound-plugin", "Make a sound plug-in",
-      [typed](Session& session) { return RunSoundPlugin(session, typed->name, typed->sounds); });
+  CLI::App* const plugin =
+      AddCommand(parser, chosen, "sound-plugin", "Make a sound plug-in", [typed](Session& session) {
+        return RunSoundPlugin(session, typed->name, typed->sounds, typed->points);
+      });
+  plugin->add_flag("--points", typed->points,
+                   "Write volumes with a point, whatever the system's decimal symbol is");
   plugin->add_option("NAME", typed->name, "The plug-in's name, without _SoundPak.py")->required();
   plugin
       ->add_option_function<std::vector<std::string>>(

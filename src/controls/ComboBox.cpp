@@ -10,6 +10,7 @@ void ComboBox::Add(tarvo::Text item) {
 void ComboBox::RemoveAt(std::size_t row) {
   items_.at(row);
   items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(row));
+  picked_ = -1;
   Changed();
 }
 
@@ -20,6 +21,7 @@ void ComboBox::Clear() {
 }
 
 void ComboBox::SetText(tarvo::Text text) {
+  picked_ = -1;
   if (text == text_) return;
   text_ = std::move(text);
   Changed();
@@ -29,6 +31,8 @@ void ComboBox::SetText(tarvo::Text text) {
 void ComboBox::Pick(std::size_t row) {
   if (!Usable()) return;
   text_ = items_.at(row);
+  picked_ = static_cast<int>(row);
+  Mark({});
   Changed();
   Raise(OnClick);
 }

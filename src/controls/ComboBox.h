@@ -28,7 +28,11 @@ class ComboBox : public Control {
   /// Sets the line, by program or by the user's typing. A text that differs raises OnChange.
   void SetText(tarvo::Text text);
 
-  /// The user picks a row: its text comes into the line, and OnClick, not OnChange, is raised.
+  /// The row that the line was picked from, until it is typed or set; -1 for none.
+  int ListIndex() const { return picked_; }
+
+  /// The user picks a row: its text comes into the line, unmarked, and OnClick, not OnChange, is
+  /// raised.
   void Pick(std::size_t row);
 
   std::function<void()> OnChange;
@@ -37,6 +41,7 @@ class ComboBox : public Control {
  private:
   std::vector<tarvo::Text> items_;
   tarvo::Text text_;
+  int picked_ = -1;
 };
 
 }  // namespace tarvo

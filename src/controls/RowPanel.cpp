@@ -10,9 +10,11 @@ std::vector<RowPanel::Row>& RowPanel::Edit(Family kind) {
 }
 
 RowPanel::Picture RowPanel::PictureOf(Place place) const {
+  const Row& row = Rows(place.Kind).at(place.Index);
   const bool chosen =
-      place.Kind == Family::Ship && static_cast<std::size_t>(ChosenShip.Get()) == place.Index;
-  return chosen ? Picture::ShipSelected : Rows(place.Kind).at(place.Index).Shown;
+      place.Kind == Family::Ship &&
+      (static_cast<std::size_t>(ChosenShip.Get()) == place.Index || (IsChosen && IsChosen(row)));
+  return chosen ? Picture::ShipSelected : row.Shown;
 }
 
 const RowPanel::Row* RowPanel::Seen(Place place) const {

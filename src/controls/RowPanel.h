@@ -53,6 +53,22 @@ class RowPanel : public Control {
   /// The number of the ship row that is the chosen one; it may be that of no row.
   Property<int> ChosenShip{*this, -1};
 
+  /// Which other ship rows are chosen, where that isn't told by the number. To be followed by
+  /// Changed() when the answers have changed.
+  std::function<bool(const Row&)> IsChosen;
+
+  /// The number of the menu row with a mark; it may be that of no row. The words are its tooltip,
+  /// and what screen readers say of it.
+  Property<int> MarkedMenu{*this, -1};
+  Property<Text> MarkWords{*this, {}};
+
+  /// The words on the row in that place, if it is the marked one.
+  Text WordsOn(Place place) const {
+    const bool isMarked =
+        place.Kind == Family::Menu && static_cast<std::size_t>(MarkedMenu.Get()) == place.Index;
+    return isMarked ? MarkWords.Get() : Text();
+  }
+
   /// As Image::Picture, in the order of Picture: what the rows look like. Where there is no such
   /// picture the view draws a bar with a sign.
   Property<std::array<Text, 4>> Pictures{*this, {}};

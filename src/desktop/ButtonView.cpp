@@ -202,6 +202,7 @@ bool PillButton::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip && Elided() != text()) {
     QString whole = text();
     whole.remove(QLatin1Char('&'));
+    if (!toolTip().isEmpty()) whole = toolTip() + whole.toHtmlEscaped();
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), whole, this);
     return true;
   }

@@ -79,6 +79,7 @@ void ComboBoxView::Apply() {
     face_.setEditText(text);
     line.setCursorPosition(line.hasFocus() ? std::min<int>(cursor, text.size()) : 0);
   }
+  ApplyMark(*face_.lineEdit());
   ApplyFieldColours();
   ApplyCommon();
 }

@@ -31,7 +31,10 @@ class RowAccess : public QAccessibleInterface, public QAccessibleActionInterface
   QAccessible::Role role() const override { return QAccessible::TreeItem; }
 
   QString text(QAccessible::Text kind) const override {
-    return kind == QAccessible::Name && isValid() ? Printable(Row()->Caption) : QString();
+    if (!isValid()) return {};
+    if (kind == QAccessible::Name) return Printable(Row()->Caption);
+    return kind == QAccessible::Description ? Printable(face_->Model()->WordsOn(place_))
+                                            : QString();
   }
   void setText(QAccessible::Text, const QString&) override {}
 

@@ -63,6 +63,15 @@ void DrawGlyph(QPainter& painter, Picture picture, const QPointF& middle, const 
   }
 }
 
+/// A cross at the end of the row.
+void DrawMark(QPainter& painter, const QRect& bar, const QColor& ink) {
+  constexpr qreal kSize = 3.5;
+  const QPointF middle(bar.right() - kGlyphMiddle, QRectF(bar).center().y());
+  painter.setPen(QPen(ink, 1.8, Qt::SolidLine, Qt::RoundCap));
+  painter.drawLine(middle + QPointF(-kSize, -kSize), middle + QPointF(kSize, kSize));
+  painter.drawLine(middle + QPointF(-kSize, kSize), middle + QPointF(kSize, -kSize));
+}
+
 }  // namespace
 
 QRect PixelArea(const RowPanel::Area& area) {
@@ -146,7 +155,11 @@ void RowPanelFace::DrawRow(QPainter& painter, Place place, const RowPanel::Row& 
   const QRect bar = DrawBar(painter, place, row, ink);
   painter.setFont(font());
   painter.setPen(ink);
-  const QRect line = PixelArea(row.CaptionArea);
+  QRect line = PixelArea(row.CaptionArea);
+  if (!model_->WordsOn(place).empty()) {
+    DrawMark(painter, bar, ink);
+    line.setRight(bar.right() - 2 * kGlyphMiddle);
+  }
   painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                    fontMetrics().elidedText(Printable(row.Caption), Qt::ElideRight, line.width()));
   if (!focused) return;
@@ -261,7 +274,7 @@ void RowPanelFace::focusOutEvent(QFocusEvent*) {
   update();
 }
 
-/// A caption that is cut off is told whole.
+/// A caption that is cut off is told whole, and what a mark means.
 bool RowPanelFace::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip || !model_) return QWidget::event(event);
   const auto& help = static_cast<QHelpEvent&>(*event);
@@ -272,6 +285,9 @@ bool RowPanelFace::event(QEvent* event) {
     const QString caption = Printable(row.Caption);
     if (fontMetrics().horizontalAdvance(caption) > PixelArea(row.CaptionArea).width()) {
       told = caption;
+    }
+    if (const Text words = model_->WordsOn(*place); !words.empty()) {
+      told += (told.isEmpty() ? QString() : QStringLiteral("\n")) + Printable(words);
     }
   }
   QToolTip::showText(help.globalPos(), told, this);

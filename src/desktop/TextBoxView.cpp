@@ -21,6 +21,7 @@ void TextBoxView::Apply() {
     if (face_.hasFocus()) face_.setCursorPosition(std::min<int>(cursor, text.size()));
   }
   face_.setReadOnly(model_.ReadOnly);
+  ApplyMark(face_);
   ApplyFieldColours();
   ApplyCommon();
 }

@@ -40,6 +40,9 @@ void frmGameTools::MakeTree() {
   }
   for (RowPanel::Row& row : fraQBMenu.Edit(Family::Menu)) row.Visible = true;
   SelectedShip = 0;
+  fraQBMenu.IsChosen = [this](const RowPanel::Row& row) {
+    return row.Caption == ShipCaption(SelectedShip) || IsSelected(row.Caption);
+  };
   fraQBMenu.Edit(Family::Ship) = {ShipRow({}, MenuRows().front())};
 }
 
@@ -137,8 +140,6 @@ bool frmGameTools::InsertShipRow(int index, const Text& ship, bool first) {
     if (other.CaptionArea.Top > row.CaptionArea.Top) other.MoveBy(kRowPitch);
   }
   ships.push_back(std::move(row));
-  // The row that had this number when it was clicked is another one.
-  if (std::ssize(ShipRows()) - 1 == SelectedShip.Get()) SelectedShip = 0;
   fraQBMenu.Height = fraQBMenu.Height + kRowPitch;
   return false;
 }
@@ -182,7 +183,26 @@ void frmGameTools::imgQBShip_Click(int index) {
 void frmGameTools::lblQBShip_Click(int index) {
   if (ShipCaption(index).empty()) return;
   PlayClick();
-  SelectedShip = index;
+  if (!LetGo(ShipCaption(index))) SelectedShip = index;
+}
+
+/// True when the ship was still selected, as a question that was answered with "No" leaves it: now
+/// no command takes it.
+bool frmGameTools::LetGo(const Text& ship) {
+  if (!IsSelected(ship)) return false;
+  for (std::size_t row = 0; row < lstEnabled.Count(); ++row) {
+    if (lstEnabled.Item(row) == ship) lstEnabled.SetSelected(row, false);
+  }
+  if (ShipCaption(SelectedShip) == ship) SelectedShip = 0;
+  fraQBMenu.Changed();
+  return true;
+}
+
+bool frmGameTools::IsSelected(const Text& ship) const {
+  for (std::size_t row = 0; row < lstEnabled.Count(); ++row) {
+    if (lstEnabled.Selected(row) && lstEnabled.Item(row) == ship) return true;
+  }
+  return false;
 }
 
 bool frmGameTools::IsMenu(int index) const {

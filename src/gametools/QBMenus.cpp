@@ -1,11 +1,12 @@
 #include "quickbattle/QBMenus.h"
 
 #include <algorithm>
-#include <array>
 
-#include "gametools/frmGameTools.h"
+#include "gametools/Marks.h"
 #include "platform/Guarded.h"
 #include "platform/Sound.h"
+#include "platform/Windows.h"
+#include "ships/ShipFiles.h"
 #include "state/ChangeTogether.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
@@ -17,10 +18,6 @@
 
 namespace tarvo {
 namespace {
-
-/// Scripts in the folder of the ship plug-ins that are none.
-constexpr std::array<TextView, 4> kNoPlugins = {u"DamoclesModPack.py", u"__init__.py",
-                                                u"FTBLoader.py", u"Custom.py"};
 
 /// The ship of a plug-in: the file's name without every ".py" in it, the ending in any letter case.
 Text ShipOf(Text fileName) {
@@ -85,6 +82,7 @@ Text frmGameTools::GetSpeciesName(int index) {
 }
 
 void frmGameTools::LoadQBMenus() {
+  const FieldsAreFilled filling(*this);
   speciesStamp_.reset();
   lstSpecies.Clear();
   cboSpecies.Clear();
@@ -133,7 +131,7 @@ bool frmGameTools::MoveMenuShipsToOther(const Text& menuName) {
   const FileText menu = FileTextFromText(menuName);
   for (const Text& name : names) {
     if (app_.Failures.size() != failures) return false;
-    if (std::ranges::find(kNoPlugins, name) != kNoPlugins.end()) continue;
+    if (IsNoPlugin(name)) continue;
     const PluginFacts* const plugin = LookAtPlugin(JoinPath(FileList4.Path(), name));
     if (!plugin || plugin->GroupLine.find(menu) == FileText::npos) continue;
     cboSpecies.SetText(u"Other Ships");
@@ -147,9 +145,18 @@ bool frmGameTools::MoveMenuShipsToOther(const Text& menuName) {
 
 void frmGameTools::cboSpecies_Click() {
   PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
-  std::size_t row = 0;
-  while (row < cboSpecies.Count() && cboSpecies.Item(row) != cboSpecies.Text()) ++row;
-  if (row >= kFirstCustomMenu && row < cboSpecies.Count()) CustomMenuChosen = true;
+  if (cboSpecies.ListIndex() >= kFirstCustomMenu) CustomMenuChosen = true;
+  FieldChanged(cboSpecies);
+}
+
+bool frmGameTools::CanBeDeleted(int menu) const {
+  return menu >= kFirstCustomMenu &&
+         static_cast<std::size_t>(menu - kFirstCustomMenu) < lstSpecies.Count();
+}
+
+Text frmGameTools::MenuToDelete() const {
+  if (!CanBeDeleted(SelectedMenu)) return {};
+  return lstSpecies.Item(static_cast<std::size_t>(SelectedMenu - kFirstCustomMenu));
 }
 
 /// False, and told, when there is a database that can't be loaded: it must not be replaced. One
@@ -218,7 +225,12 @@ void frmGameTools::AddQBMenu() {
   PlayEffect(app_, u"CommandBeep.wav", kPlayToEnd);
   PlayEffect(app_, u"Specify.wav", kPlay);
   Text name = app_.dialogue.PacAskText(u"Enter New QB Menu Name...", Title::Information);
-  if (!name.empty()) {
+  const Text unknown = OutsideCodePage(name);
+  if (!unknown.empty()) {
+    app_.dialogue.PacMsg(
+        u"No QB Menu has been made: the Game doesn't know the Characters " + unknown + u"!!!",
+        Title::Warning);
+  } else if (!name.empty()) {
     CloseOpenMenus();
     name += u" Ships";
     if (AddMenuStrings(name)) {
@@ -235,8 +247,7 @@ void frmGameTools::AddQBMenu() {
 
 void frmGameTools::DeleteQBMenu() {
   PlayEffect(app_, u"CommandBeep.wav", kPlayUnlessBusy);
-  const int row = SelectedMenu - kFirstCustomMenu;
-  if (row < 0 || static_cast<std::size_t>(row) >= lstSpecies.Count()) {
+  if (!CanBeDeleted(SelectedMenu)) {
     app_.dialogue.PacMsg(
         u"Please open a QB Menu of your own First!  The built-in Menus can't be Deleted!",
         Title::Warning);
@@ -248,7 +259,7 @@ void frmGameTools::DeleteQBMenu() {
   species.SetFilename(SpeciesPath());
   quickBattle.SetFilename(QuickBattlePath());
   if (!LoadMenus(species) || !LoadMenus(quickBattle)) return;
-  lstSpecies.SetSelected(static_cast<std::size_t>(row), true);
+  lstSpecies.SetSelected(static_cast<std::size_t>(SelectedMenu - kFirstCustomMenu), true);
   RemoveMenus(species, quickBattle);
   RemoveCustomMenuRows();
   BuildCustomMenuRows();
@@ -269,15 +280,44 @@ bool frmGameTools::RemoveSelectedMenus(TGLFile& species, TGLFile& quickBattle) {
   return true;
 }
 
+/// The disabled ships in the selected menus, each on a line of its own: nothing moves them. None,
+/// and noted, when the folder can't be read.
+std::optional<Text> frmGameTools::ShipsThatStay() {
+  Text ships;
+  const bool known = NotingFailures(app_, [&] {
+    for (const Text& file : app_.machine.files.FileNames(PluginPath({}, {}))) {
+      const Text ship = ShipOfFile(file, kDisabledEnding);
+      const PluginFacts* const plugin = ship.empty() ? nullptr : LookAtPlugin(PluginPath({}, file));
+      for (std::size_t row = 0; plugin && row < lstSpecies.Count(); ++row) {
+        const FileText menu = FileTextFromText(lstSpecies.Item(row));
+        const bool goes = lstSpecies.Selected(row) && plugin->GroupLine.find(menu) != menu.npos;
+        if (goes) ships += u"\n" + ship;
+      }
+    }
+  });
+  return known ? std::optional(ships) : std::nullopt;
+}
+
 /// On the disk the ships come first, and the databases last. The messages wait for the end: each
 /// tells what is done, and a failure was told where it happened.
 void frmGameTools::RemoveMenus(TGLFile& species, TGLFile& quickBattle) {
-  const bool moved = RemoveSelectedMenus(species, quickBattle);
+  const std::optional<Text> staying = ShipsThatStay();
+  const bool moved = staying && RemoveSelectedMenus(species, quickBattle);
   const bool removed = moved && SaveMenus({&species, &quickBattle});
   LoadQBMenus();
+  if (removed && quickBattle.Strings().Count() == 0) {
+    Tell(quickBattle.Filename() + u" keeps the menu: it has no other string, and can't be empty.");
+    app_.machine.windows.ShowMessage(news_, u"", BoxIcon::Information);
+  }
   if (removed) {
     app_.dialogue.PacMsg(u"The Selected QB Menu Items have been Removed from the Game!",
                          Title::Information);
+  }
+  if (moved && !staying->empty()) {
+    app_.machine.windows.ShowMessage(
+        u"These Ships are Disabled, and stay in the Menu that is gone.  Enable them, and pick " +
+            Text(u"their Species again:\n") + *staying,
+        u"", BoxIcon::Information);
   }
   if (moved) {
     app_.dialogue.PacMsg(

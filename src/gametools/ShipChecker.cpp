@@ -82,9 +82,12 @@ void frmGameTools::ScanEnabledShips() {
   app_.State.SoundFX = false;
   app_.State.ReadChunkSize = kScanChunk;
   const auto scripts = ShipScripts();
+  withoutScript_.clear();
+  const std::vector<Text> before = EnabledShips();
   for (std::size_t row = lstEnabled.Count(); row-- > 0;) {
     // A ship picked in the tree goes along with one that fails, and the list may have ended here.
     if (row >= lstEnabled.Count()) break;
+    if (IsNoPlugin(lstEnabled.Item(row) + Text(kEnabledEnding))) continue;
     const auto script = scripts.find(lstEnabled.Item(row));
     ScanShip(row, script == scripts.end() ? Text() : script->second);
   }
@@ -95,6 +98,25 @@ void frmGameTools::ScanEnabledShips() {
   txtErrorDisplay.SetText({});
   app_.State.ReadChunkSize = chunk;
   app_.State.SoundFX = soundFX;
+  TellSwitchedOff(before);
+}
+
+std::vector<Text> frmGameTools::EnabledShips() const {
+  std::vector<Text> ships;
+  for (std::size_t row = 0; row < lstEnabled.Count(); ++row) ships.push_back(lstEnabled.Item(row));
+  return ships;
+}
+
+/// Names the ships that were enabled before the scan, and are disabled now.
+void frmGameTools::TellSwitchedOff(const std::vector<Text>& before) {
+  if (before.size() == lstEnabled.Count()) return;
+  const std::vector<Text> enabled = EnabledShips();
+  const std::unordered_set<Text> left(enabled.begin(), enabled.end());
+  Text names;
+  for (const Text& ship : before) {
+    if (!left.contains(ship)) names += (names.empty() ? u"" : u", ") + ship;
+  }
+  Tell(u"Switched off by the check: " + names + u".");
 }
 
 /// Checks the ship in that row of lstEnabled, and disables it if it fails. `script` is the bare
@@ -102,6 +124,7 @@ void frmGameTools::ScanEnabledShips() {
 void frmGameTools::ScanShip(std::size_t row, const Text& script) {
   const Text ship = lstEnabled.Item(row);
   if (script.empty()) {
+    withoutScript_.push_back(ship);
     app_.dialogue.PacMsg(u"Ship " + ship + u" is not found!!! Please Reinstall this Ship!",
                          Title::Critical);
   } else {

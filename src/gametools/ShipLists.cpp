@@ -23,6 +23,10 @@ std::vector<Text> ShipsOf(const FileListBox& list, TextView ending) {
 }  // namespace
 
 void frmGameTools::RefreshShipLists() {
+  if (app_.State.GamePath.empty()) {
+    RequireGame(app_);
+    return;
+  }
   ListShips();
   LockingGame(app_, u"Check of the Ships", [&] { ScanEnabledShips(); });
 }

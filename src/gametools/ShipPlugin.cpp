@@ -1,6 +1,6 @@
 #include "ships/ShipPlugin.h"
 
-#include "gametools/frmGameTools.h"
+#include "gametools/Marks.h"
 #include "platform/FileCopies.h"
 #include "platform/Locale.h"
 #include "platform/Sound.h"
@@ -8,14 +8,9 @@
 #include "ships/ShipFiles.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
+#include "text/FileNames.h"
 
 namespace tarvo {
-namespace {
-
-constexpr TextView kNoMenu = u"Select QB Menu!";
-
-}  // namespace
-
 Text frmGameTools::PluginPath(const Text& ship, TextView ending) const {
   return app_.State.GamePath + u"\\scripts\\Custom\\Ships\\" + ship + Text(ending);
 }
@@ -35,6 +30,8 @@ void frmGameTools::MakeShipPlugin() {
     app_.dialogue.PacMsg(u"You Did not Enter a Ship Name!!!", Title::Critical);
     return;
   }
+  const Text fault = FaultOfGameName(ship);
+  if (!fault.empty()) return RefuseShip(fault);
   if (!WriteShipPlugin()) return;
   if (!HasScript(ship) && !MakeShipScript(ship)) return;
   if (!QuietMake) {
@@ -47,6 +44,11 @@ void frmGameTools::MakeShipPlugin() {
   txtModName.SetText({});
   txtComments.SetText({});
   txtVersion.SetText(u"1.0");
+}
+
+void frmGameTools::RefuseShip(const Text& fault) {
+  if (QuietMake) return NoteFailure(app_, Failure{fault, false});
+  app_.dialogue.PacMsg(u"No Ship Plugin has been made!!!  " + fault, Title::Critical);
 }
 
 /// Writes the plug-in from the fields; cboSpecies then shows its race word. False, and noted, with
@@ -119,12 +121,29 @@ void frmGameTools::PickShipScript() {
   PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
   if (FileList2.ListIndex() < 0) return;
   const Text& file = FileList2.Item(static_cast<std::size_t>(FileList2.ListIndex()));
-  cboShipName.SetText(Showable(file.substr(0, file.size() - kEnabledEnding.size())));
+  const Text ship = file.substr(0, file.size() - kEnabledEnding.size());
+  cboShipName.SetText(Showable(ship));
+  TellOfPlugin(ship);
+}
+
+/// Says that a ship has a plug-in, which the fields don't show.
+void frmGameTools::TellOfPlugin(const Text& ship) {
+  news_.clear();
+  NotingFailures(app_, [&] {
+    Files& files = app_.machine.files;
+    if (files.FileExists(PluginPath(ship, kEnabledEnding))) {
+      news_ = ship + u" has a plug-in already: pick it in Ship Name to change that.";
+    } else if (files.FileExists(PluginPath(ship, kDisabledEnding))) {
+      news_ = ship + u" has a plug-in already, which is disabled.";
+    }
+  });
+  Tell(news_);
 }
 
 void frmGameTools::ShipNameChanged() {
   txtIconName.SetText(cboShipName.Text());
   txtModName.SetText(cboShipName.Text());
+  FieldChanged(cboShipName);
 }
 
 void frmGameTools::LoadShipPlugin() {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <unordered_set>
 
 #include "gametools/frmGameTools.h"
 #include "platform/Files.h"
@@ -6,6 +7,7 @@
 #include "ships/ShipFiles.h"
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
+#include "state/Shell.h"
 #include "text/LetterCase.h"
 
 namespace tarvo {
@@ -120,11 +122,26 @@ void frmGameTools::EnableShips() {
   PlayEffect(app_, u"CommandBeep.wav", kPlayUnlessBusy);
   const std::vector<int> openMenus = OpenMenus();
   for (const int menu : openMenus) lblQBMenu_Click(menu);
+  std::unordered_set<Text> enabled;
   for (std::size_t row = lstDisabled.Count(); row-- > 0;) {
-    if (lstDisabled.Selected(row)) EnableShip(row);
+    if (!lstDisabled.Selected(row)) continue;
+    enabled.insert(lstDisabled.Item(row));
+    EnableShip(row);
   }
   for (const int menu : openMenus) lblQBMenu_Click(menu);
   ScanEnabledShips();
+  TellOfUnjudged(enabled);
+}
+
+/// A script that serves several ships is put back by its user, and switched off again: he is to
+/// know that this is no fault of the script.
+void frmGameTools::TellOfUnjudged(const std::unordered_set<Text>& enabled) {
+  Text names;
+  for (const Text& ship : withoutScript_) {
+    if (enabled.contains(ship)) names += (names.empty() ? u"" : u", ") + ship;
+  }
+  if (names.empty()) return;
+  Tell(news_ + u" The check can't judge " + names + u": no ship's script has that name.");
 }
 
 void frmGameTools::EnableShip(std::size_t row) {
@@ -142,8 +159,10 @@ void frmGameTools::DeleteShips() {
   PlayEffect(app_, u"CommandBeep.wav", kPlayToEnd);
   PlayEffect(app_, u"Question.wav", kPlayUnlessBusy);
   SelectShipOfTree();
+  ShowWhatIsDeleted();
   const Text answer = app_.dialogue.PacInput(
       u"Are you sure you want to Delete all Selected Ships from Menu???", Title::Question);
+  app_.shell->ShowStatus(TabLine());
   if (answer != u"Yes") return;
   const bool deleted = NotingFailures(app_, [&] {
     DeleteEnabledShips();
@@ -153,6 +172,14 @@ void frmGameTools::DeleteShips() {
   RefreshShipLists();
   app_.dialogue.PacMsg(u"Delete Complete... The Ship no longer Exists as a Plugin!",
                        Title::Information);
+}
+
+/// In the tree and in the status line, for as long as the question stands.
+void frmGameTools::ShowWhatIsDeleted() {
+  fraQBMenu.Changed();
+  const Text ships = SelectedIn({&lstEnabled, &lstDisabled});
+  app_.shell->ShowStatus(ships.empty() ? Text(u"No ship is chosen: nothing would be deleted.")
+                                       : u"To be deleted: " + ships);
 }
 
 void frmGameTools::DeleteEnabledShips() {

@@ -44,6 +44,7 @@ class NewNames {
 /// False, with the list as it was, when there is no such folder; noted when it can't be read.
 bool frmGameTools::ShowFolder(FileListBox& list, TextView folder, TextView pattern) {
   list.SetPattern(Text(pattern));
+  if (app_.State.GamePath.empty()) return false;
   bool shown = false;
   NotingFailures(app_, [&] {
     if (!app_.machine.files.FolderExists(folder)) return;

@@ -8,6 +8,7 @@
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
 #include "state/Shell.h"
+#include "text/FileNames.h"
 #include "text/Paths.h"
 
 namespace tarvo {
@@ -25,6 +26,10 @@ bool HasItem(const ComboBox& box, const Text& item) {
 Text frmGameTools::SoundPluginPath() const {
   return JoinPath(app_.State.GamePath, u"\\scripts\\Custom\\Autoload\\" + cboSoundName.Text() +
                                            Text(kSoundPluginEnding));
+}
+
+char16_t frmGameTools::DecimalMark() const {
+  return PointsInVolumes ? u'.' : app_.machine.locale.DecimalMark();
 }
 
 void frmGameTools::AddSoundEntry() {
@@ -52,7 +57,8 @@ void frmGameTools::AddSoundEntry() {
     sound += answer == u"Yes" ? u" Start" : u" Loop";
   }
   lstSoundInfo.BringIntoSight(
-      lstSoundInfo.Add(SoundEntry(wave, sound, SoundVolume, app_.machine.locale.DecimalMark())));
+      lstSoundInfo.Add(SoundEntry(wave, sound, SoundVolume, DecimalMark())));
+  FieldChanged(lstSoundInfo);
   if (isPhaser && app_.State.PacHelper) {
     app_.dialogue.PacMsg(u"OK!!! Adding Phaser Type!", Title::Information);
   }
@@ -62,6 +68,7 @@ void frmGameTools::lblRemoveSound_Click() {
   PlayEffect(app_, u"CommandBeep.wav", kPlayUnlessBusy);
   if (lstSoundInfo.ListIndex() < 0) return;
   lstSoundInfo.RemoveAt(static_cast<std::size_t>(lstSoundInfo.ListIndex()));
+  FieldChanged(lstSoundInfo);
 }
 
 void frmGameTools::ReadSoundPlugin() {
@@ -74,6 +81,7 @@ void frmGameTools::ReadSoundPlugin() {
 
 void frmGameTools::cboSoundName_Change() {
   lstSoundInfo.Clear();
+  FieldChanged(cboSoundName);
 }
 
 /// When the file can't be written the entries stay, so that the user can try again.
@@ -82,6 +90,11 @@ void frmGameTools::MakeSoundPlugin() {
   const Text name = cboSoundName.Text();
   if (name.empty()) {
     app_.dialogue.PacMsg(u"You did not specify a File Name!!!", Title::Warning);
+    return;
+  }
+  const Text fault = FaultOfGameName(name);
+  if (!fault.empty()) {
+    app_.dialogue.PacMsg(u"No Sound Plugin has been made!!!  " + fault, Title::Warning);
     return;
   }
   std::vector<Text> entries;

@@ -1,8 +1,7 @@
-#include "gametools/frmGameTools.h"
-
 #include <algorithm>
 #include <exception>
 
+#include "gametools/Marks.h"
 #include "platform/PlatformError.h"
 #include "platform/Sound.h"
 #include "state/CommonUtilities.h"
@@ -85,6 +84,7 @@ void frmGameTools::LoadSteps() {
   lblShipPlugin_Click();
   LoadQBMenus();
   BuildCustomMenuRows();
+  ShowTargets();
   SetFolders();
   fraMenus.Refresh();
   app_.State.CurrentScreen = u"Game Tools";
@@ -100,6 +100,9 @@ void frmGameTools::Unload() {
 /// All lists get their folders, also those behind one that can't be shown; then the first failure
 /// is thrown.
 void frmGameTools::SetFolders() {
+  if (app_.State.GamePath.empty()) {
+    throw RaisedError(u"Game Tools", u"No game's folder is known: choose it in the options.");
+  }
   std::exception_ptr failure;
   const auto show = [&](FileListBox& list, TextView below) {
     try {
@@ -141,6 +144,7 @@ void frmGameTools::ShowTab(const Tab& tab) {
   CancelButton = &tab.Exit;
   Tabs().Choose(tab.Caption);
   Skin.TabChosen();
+  if (const Text line = TabLine(); line != status_) app_.shell->ShowStatus(line);
 }
 
 void frmGameTools::lblShipPlugin_Click() {
@@ -196,13 +200,29 @@ std::function<void()> frmGameTools::Command(void (frmGameTools::*routine)()) {
 
 void frmGameTools::BeginCommand() {
   app_.Failures.clear();
-  app_.shell->ShowStatus(status_);
+  news_.clear();
+  app_.shell->ShowStatus(TabLine());
 }
 
 void frmGameTools::RunInSight(void (frmGameTools::*routine)()) {
   const int height = fraQBMenu.Height;
-  (this->*routine)();
+  const Text before = TabLine();
+  {
+    const FieldsAreFilled filling(*this);
+    (this->*routine)();
+  }
   fraQBMenu.StayInSight(height);
+  MarkFields();
+  ShowTargets();
+  if (app_.Failures.empty() && TabLine() != before) app_.shell->ShowStatus(TabLine());
+}
+
+/// The same for a command that needs a game.
+std::function<void()> frmGameTools::OnGame(void (frmGameTools::*routine)()) {
+  return [this, routine] {
+    BeginCommand();
+    if (RequireGame(app_)) RunInSight(routine);
+  };
 }
 
 /// The same for a command that changes the game: no other program does meanwhile.
@@ -210,6 +230,7 @@ std::function<void()> frmGameTools::Changing(const Button& button,
                                              void (frmGameTools::*routine)()) {
   return [this, &button, routine] {
     BeginCommand();
+    if (!RequireGame(app_)) return;
     LockingGame(app_, button.Caption.Get(), [&] { RunInSight(routine); });
   };
 }
@@ -226,13 +247,18 @@ void frmGameTools::ConnectTabs() {
 
 void frmGameTools::ConnectLists() {
   cboShipName.OnChange = [this] { ShipNameChanged(); };
-  cboShipName.OnClick = Command(&frmGameTools::LoadShipPlugin);
+  cboShipName.OnClick = OnGame(&frmGameTools::LoadShipPlugin);
   cboSpecies.OnClick = [this] { cboSpecies_Click(); };
+  cboSpecies.OnChange = [this] { FieldChanged(cboSpecies); };
+  for (TextBox* field :
+       {&txtIconName, &txtModName, &txtAuthor, &txtVersion, &txtSources, &txtComments}) {
+    field->OnChange = [this, field] { FieldChanged(*field); };
+  }
   FileList2.OnClick = [this] { PickShipScript(); };
   cboSoundName.OnChange = [this] { cboSoundName_Change(); };
-  cboSoundName.OnClick = Command(&frmGameTools::ReadSoundPlugin);
+  cboSoundName.OnClick = OnGame(&frmGameTools::ReadSoundPlugin);
   lstDisabled.OnClick = [this] { PlayClick(); };
-  FileList3.OnClick = Command(&frmGameTools::CheckShipFiles);
+  FileList3.OnClick = OnGame(&frmGameTools::CheckShipFiles);
 }
 
 void frmGameTools::ConnectCommands() {
@@ -253,16 +279,23 @@ void frmGameTools::ConnectCommands() {
 
 void frmGameTools::ConnectTree() {
   using Place = RowPanel::Place;
-  fraQBMenu.OnCaptionClick = [this](Place place) {
-    const int index = static_cast<int>(place.Index);
-    place.Kind == RowPanel::Family::Menu ? lblQBMenu_Click(index) : lblQBShip_Click(index);
-  };
-  fraQBMenu.OnPictureClick = [this](Place place) {
-    const int index = static_cast<int>(place.Index);
-    place.Kind == RowPanel::Family::Menu ? imgQBMenu_Click(index) : imgQBShip_Click(index);
-  };
+  fraQBMenu.OnCaptionClick = [this](Place place) { ClickRow(place, true); };
+  fraQBMenu.OnPictureClick = [this](Place place) { ClickRow(place, false); };
   fraQBMenu.OnPointer = [this](Place place) { PointAtRow(place); };
   fraQBMenu.OnPointerFree = [this] { PointAtNoRow(); };
+}
+
+/// What the commands would take may be something else now.
+void frmGameTools::ClickRow(RowPanel::Place place, bool onCaption) {
+  const int index = static_cast<int>(place.Index);
+  const Text before = TabLine();
+  if (place.Kind == RowPanel::Family::Menu) {
+    onCaption ? lblQBMenu_Click(index) : imgQBMenu_Click(index);
+  } else {
+    onCaption ? lblQBShip_Click(index) : imgQBShip_Click(index);
+  }
+  ShowTargets();
+  if (TabLine() != before) Tell({});
 }
 
 /// An arrow that is let go before the timer's first tick goes one step all the same.

@@ -120,10 +120,12 @@ class frmGameTools : public Form {
   std::int16_t SoundVolume = 100;
   /// Row of the menu that was opened last, or was found for a ship.
   std::int16_t SelectedMenu = 0;
-  /// Row of the ship that was clicked last; 0 for none. The row of this number shows as chosen.
+  /// Row of the ship that was clicked last; 0 for none. The row of this number shows as chosen,
+  /// and so do those of all ships that a command would take.
   Property<int>& SelectedShip = fraQBMenu.ChosenShip;
   Text ScrollDirection;  ///< "Up", "Down", "Left" or "Right".
   bool CustomMenuChosen = false;
+  bool PointsInVolumes = false;  ///< Whatever the decimal mark of the system is.
   bool QuietMake = false;
 
   // --- the screen: frmGameTools.cpp, frmGameToolsLayout.cpp ---
@@ -190,6 +192,7 @@ class frmGameTools : public Form {
   void LoadQBMenus();
   Text GetSpeciesName(int index);  ///< `index` counts from 1; empty when there is no such menu.
   void FindShipMenu(const Text& strShipName);
+  Text MenuToDelete() const;  ///< What DeleteQBMenu would delete; empty for nothing.
   /// Gives false, with the failure noted, when not all of them could be moved.
   bool MoveMenuShipsToOther(const Text& menuName);
   void AddQBMenu();
@@ -215,7 +218,16 @@ class frmGameTools : public Form {
   const Text& MenuCaption(int index) const;
   Text ShipCaption(int index) const;  ///< Empty for row 0 and for a row that isn't there.
 
+  // --- what won't reach the game as it stands: Marks.cpp ---
+
+  /// Marks the fields of the plug-ins in which such a text stands.
+  void MarkFields();
+
+  /// Why they are marked.
+  std::vector<Text> ReasonsOfMarks() const;
+
   // --- sound plug-ins: SoundPlugin.cpp, SoundLists.cpp ---
+  char16_t DecimalMark() const;  ///< In the volumes of new entries.
   void AddSoundEntry();
   void lblRemoveSound_Click();
   void ReadSoundPlugin();
@@ -230,6 +242,8 @@ class frmGameTools : public Form {
   Text PluginPath(const Text& ship, TextView ending) const;
   Text ScriptPath(const Text& fileName) const;
   bool WriteShipPlugin();
+  void RefuseShip(const Text& fault);
+  void TellOfPlugin(const Text& ship);
   bool HasScript(const Text& ship) const;
   bool WriteShipScript(const Text& ship, const Text& path);
   bool MakeShipScript(const Text& ship);
@@ -245,6 +259,10 @@ class frmGameTools : public Form {
   void LookUpAll(const Text& fileName, Use&& use);
   bool MustBeDisabled(const Text& script);
   void ScanShip(std::size_t row, const Text& script);
+  std::vector<Text> EnabledShips() const;
+  void TellSwitchedOff(const std::vector<Text>& before);
+  void TellOfUnjudged(const std::unordered_set<Text>& enabled);
+  void ShowWhatIsDeleted();
   void SelectShipOfTree();
   std::vector<int> OpenMenus() const;
   std::vector<int> TakeOutOfTree(const Text& ship);
@@ -258,6 +276,7 @@ class frmGameTools : public Form {
   void DeleteDisabledShips();
 
   Application& app_;
+  std::vector<Text> withoutScript_;  ///< The plug-ins for which the last scan found no script.
   FileFacts<LearntScript> scripts_{app_, LearnScript, ShowsAllReferences};
 
   // --- menus and sounds ---
@@ -268,6 +287,8 @@ class frmGameTools : public Form {
   bool SaveMenus(std::initializer_list<const TGLFile*> files);
   bool AddMenuStrings(const Text& name);
   void RemoveMenus(TGLFile& species, TGLFile& quickBattle);
+  bool CanBeDeleted(int menu) const;
+  std::optional<Text> ShipsThatStay();
   bool RemoveSelectedMenus(TGLFile& species, TGLFile& quickBattle);
   bool ShowFolder(FileListBox& list, TextView folder, TextView pattern);
   void Reread(FileListBox& list);
@@ -285,6 +306,17 @@ class frmGameTools : public Form {
   const PluginFacts* LookAtPlugin(const Text& path);
   FileFacts<PluginFacts> plugins_{app_, [this](const FileText& text) { return LearnPlugin(text); }};
   FileFacts<std::vector<Text>> weaponNames_{app_, WeaponNames};
+
+  // --- marks and the status line ---
+  class FieldsAreFilled;
+  Text FaultOfSpecies() const;
+  Text FaultOfVolumes() const;
+  std::vector<const Control*> MarkedFields() const;
+  void FieldChanged(const Control& field);
+  static Text SelectedIn(std::initializer_list<const ListBox*> lists);
+  Text TabLine() const;
+  void Tell(Text news);
+  void ShowTargets();
 
   // --- the screen ---
   void LoadSteps();
@@ -305,6 +337,7 @@ class frmGameTools : public Form {
   void NameButtons();
   void Connect();
   std::function<void()> Command(void (frmGameTools::*routine)());
+  std::function<void()> OnGame(void (frmGameTools::*routine)());
   void BeginCommand();
   void RunInSight(void (frmGameTools::*routine)());
   std::function<void()> Changing(const Button& button, void (frmGameTools::*routine)());
@@ -331,11 +364,16 @@ class frmGameTools : public Form {
   bool IsMenu(int index) const;
   bool StandsUnder(const RowPanel::Row& ship, int index) const;
   bool TakeOutShipRow(int index, const Text& ship);
+  bool IsSelected(const Text& ship) const;
+  bool LetGo(const Text& ship);
+  void ClickRow(RowPanel::Place place, bool onCaption);
   void ShowMenuPicture(int index, RowPanel::Picture picture);
   void PointAtRow(RowPanel::Place place);
   void PointAtNoRow();
 
-  Text status_;  ///< The status line of the open tab.
+  Text status_;      ///< The status line of the open tab.
+  Text news_;        ///< What the last command has to tell in its place.
+  int filling_ = 0;  ///< Above 0 while a routine, and not the user, fills the fields.
   /// The ship scripts of FileList2 and FileList3 are those of the game's folder, which stands.
   bool scriptsKnown_ = false;
   bool scrolled_ = false;  ///< The arrow that is held has moved something.

@@ -12,6 +12,7 @@
 #include "state/PendingWork.h"
 #include "state/ReadProgress.h"
 #include "state/Shell.h"
+#include "text/FileNames.h"
 #include "text/LetterCase.h"
 #include "text/Paths.h"
 
@@ -138,8 +139,10 @@ void frmPackager::InstallPackage() {
     app_.dialogue.PacMsg(u"You did not enter a File Name!!!", Title::Warning);
     return;
   }
-  bool isMissing = false;
-  if (!NotingFailures(app_, [&] { isMissing = !app_.machine.files.FileExists(PackagePath()); })) {
+  // No package has a name that leads elsewhere.
+  bool isMissing = !FaultOfFileName(cboFileName.Text()).empty();
+  if (!isMissing &&
+      !NotingFailures(app_, [&] { isMissing = !app_.machine.files.FileExists(PackagePath()); })) {
     app_.dialogue.PacMsg(u"An Error Occured while trying to extract!", Title::Critical);
     return;
   }

@@ -8,6 +8,7 @@
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
 #include "state/PendingWork.h"
+#include "text/FileNames.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
@@ -43,6 +44,11 @@ void frmPackager::MakePackage() {
   PlayEffect(app_, u"CommandBeep.wav", kPlayToEnd);
   if (cboFileName.Text().empty()) {
     app_.dialogue.PacMsg(u"You did not enter a File Name!!!", Title::Warning);
+    return;
+  }
+  const Text fault = FaultOfFileName(cboFileName.Text());
+  if (!fault.empty()) {
+    app_.dialogue.PacMsg(u"No Tarvo has been made!!!  " + fault, Title::Warning);
     return;
   }
   if (lstFile.Count() == 0) {

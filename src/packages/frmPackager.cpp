@@ -10,6 +10,7 @@
 #include "state/Dialogue.h"
 #include "state/GameLock.h"
 #include "state/Shell.h"
+#include "text/FileNames.h"
 #include "text/Paths.h"
 
 namespace tarvo {
@@ -106,6 +107,13 @@ void frmPackager::Connect() {
     };
   };
   cboFileName.OnClick = command(&frmPackager::ListPackage);
+  cboFileName.OnChange = [this] {
+    const bool wasMarked = cboFileName.Marked;
+    cboFileName.Mark(FaultOfFileName(cboFileName.Text()));
+    if (cboFileName.Marked || wasMarked) {
+      app_.shell->ShowStatus(cboFileName.Marked ? cboFileName.Hint.Get() : Text(kStatus));
+    }
+  };
   lblModels.OnClick = [this] { ShowShortcut(app_.State.GamePath, u"\\data\\Models\\Ships\\"); };
   lblScripts.OnClick = [this] { ShowShortcut(app_.State.GamePath, u"\\scripts\\ships\\"); };
   lblPlugins.OnClick = [this] { ShowShortcut(app_.State.GamePath, u"\\scripts\\Custom\\Ships\\"); };

@@ -1,6 +1,7 @@
 #include "ships/ShipFiles.h"
 
 #include <algorithm>
+#include <array>
 
 #include "text/Cleaning.h"
 #include "text/LetterCase.h"
@@ -23,6 +24,12 @@ Text ShipOfFile(TextView fileName, TextView ending) {
   if (!EndsIn(fileName, ending)) return {};
   if (std::any_of(fileName.begin(), fileName.end(), IsForbidden)) return {};
   return Without(fileName.substr(0, fileName.size() - ending.size()), ending);
+}
+
+bool IsNoPlugin(TextView fileName) {
+  static constexpr std::array<TextView, 4> kNoPlugins = {u"DamoclesModPack.py", u"__init__.py",
+                                                         u"FTBLoader.py", u"Custom.py"};
+  return std::ranges::find(kNoPlugins, fileName) != kNoPlugins.end();
 }
 
 bool BelongsToShip(TextView fileName, TextView ship) {

@@ -16,6 +16,9 @@ inline constexpr TextView kCompiledEnding = u".pyc";
 /// control character or a wildcard.
 Text ShipOfFile(TextView fileName, TextView ending);
 
+/// True for the scripts in the folder of the ship plug-ins that are none, but serve them all.
+bool IsNoPlugin(TextView fileName);
+
 /// True for a file that goes when the ship is deleted: its base name is the ship's, whatever its
 /// ending. The plug-in of a ship whose name goes on behind a dot isn't one of them.
 bool BelongsToShip(TextView fileName, TextView ship);

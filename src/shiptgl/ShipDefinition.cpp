@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "text/CodePage.h"
+#include "text/FileNames.h"
 #include "text/LetterCase.h"
 #include "text/RaisedError.h"
 
@@ -61,10 +61,8 @@ Text DataOf(const TGLStrings& strings, const Text& name) {
 }
 
 void RequireUsableName(const Text& ship) {
-  if (ship.find_first_of(u"\\/:*?\"<>|") != Text::npos || !FitsCodePage(ship)) {
-    throw RaisedError(u"SaveShipTGL",
-                      u"\"" + ship + u"\" holds a character that a ship's name can't hold.");
-  }
+  const Text fault = FaultOfGameName(ship);
+  if (!fault.empty()) throw RaisedError(u"SaveShipTGL", fault);
 }
 
 }  // namespace

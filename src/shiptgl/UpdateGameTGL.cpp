@@ -1,5 +1,6 @@
 #include "shiptgl/UpdateGameTGL.h"
 
+#include "platform/Windows.h"
 #include "shiptgl/ShipDefinition.h"
 #include "state/ChangeTogether.h"
 #include "state/CommonUtilities.h"
@@ -34,6 +35,9 @@ class Merge {
   }
 
   const TGLFile* atWork = nullptr;
+  bool IsOfGame(const Text& path) const {
+    return path == ships_.Filename() || path == quickBattle_.Filename();
+  }
 
   void Run() {
     for (TGLFile* file : {&definition_, &ships_, &quickBattle_}) On(*file).Load();
@@ -79,21 +83,26 @@ GameStrings GameStringsOf(const TGLStrings& definition, const Text& ship) {
 
 bool UpdateGameTGL(Application& app, const Text& ship) {
   Merge merge(app, ship);
-  const auto tell = [&] {
-    app.dialogue.PacMsg(u"Your " + ship + u".TGL file is not Valid with " + app.State.AppVersion +
-                            u", Please make a new one!",
-                        Title::Critical);
-  };
+  Text atFault;
   try {
     merge.Run();
     return true;
   } catch (const RaisedError& error) {
-    tell();
-    NoteFailure(app, error, merge.atWork->Filename());
+    atFault = merge.atWork->Filename();
+    NoteFailure(app, error, atFault);
   } catch (const PlatformError& error) {
-    tell();
+    atFault = error.Path;
     NoteFailure(app, error);
   }
+  if (merge.IsOfGame(atFault)) {
+    app.machine.windows.ShowMessage(
+        u"A Text Database of the Game is at fault, not your Definition!!!\n\n" +
+            app.Failures.back().Words,
+        u"", BoxIcon::Critical);
+  }
+  app.dialogue.PacMsg(u"Your " + ship + u".TGL file is not Valid with " + app.State.AppVersion +
+                          u", Please make a new one!",
+                      Title::Critical);
   return false;
 }
 

@@ -21,8 +21,9 @@ GameStrings GameStringsOf(const TGLStrings& definition, const Text& ship);
 /// stands in Ships.TGL.
 ///
 /// What goes wrong is told in a message, and noted with the file at fault; the result is then
-/// false. Nothing is written when one of the three files can't be loaded or the definition is
-/// incomplete. To be called with the game locked.
+/// false. Where that is a database of the game, a box in front of the message names it. Nothing is
+/// written when one of the three files can't be loaded or the definition is incomplete. To be
+/// called with the game locked.
 bool UpdateGameTGL(Application& app, const Text& ship);
 
 }  // namespace tarvo

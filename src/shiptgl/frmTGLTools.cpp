@@ -4,6 +4,7 @@
 #include "state/CommonUtilities.h"
 #include "state/GameLock.h"
 #include "state/Shell.h"
+#include "text/FileNames.h"
 
 namespace tarvo {
 
@@ -85,8 +86,10 @@ void frmTGLTools::Connect() {
   lblGameTGL.OnClick = [this] { lblGameTGL_Click(); };
   cboShipNames.OnClick = [this, click] {
     click();
+    MarkName();
     txtLongName.SetText(cboShipNames.Text());
   };
+  cboShipNames.OnChange = [this] { MarkName(); };
   FileList.OnClick = [this, click] {
     click();
     PickDefinition();
@@ -98,6 +101,7 @@ void frmTGLTools::Connect() {
   const auto locked = [this](Button& button, void (frmTGLTools::*routine)()) {
     button.OnClick = [this, &button, routine] {
       BeginCommand();
+      if (!RequireGame(app_)) return;
       LockingGame(app_, button.Caption.Get(), [&] { (this->*routine)(); });
     };
   };
@@ -106,6 +110,14 @@ void frmTGLTools::Connect() {
   lblExit.OnClick = leave;
   lblExit1.OnClick = leave;
   Load_Timer.OnTimer = [this] { Unroll(*this, Load_Timer, 5055); };
+}
+
+void frmTGLTools::MarkName() {
+  const bool wasMarked = cboShipNames.Marked;
+  cboShipNames.Mark(FaultOfGameName(cboShipNames.Text()));
+  if (cboShipNames.Marked || wasMarked) {
+    app_.shell->ShowStatus(cboShipNames.Marked ? cboShipNames.Hint.Get() : status_);
+  }
 }
 
 void frmTGLTools::lblNewTGL_Click() {

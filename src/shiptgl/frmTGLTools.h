@@ -129,6 +129,7 @@ class frmTGLTools : public Form {
   void ShowTexts(const ShipTexts& texts);
   void EnableFields(bool enabled);
   void PickDefinition();
+  void MarkName();
   void BeginCommand();
   void ShowFolder(FileListBox& list, const Text& folder);
   void ReadListsAnew();

@@ -47,6 +47,11 @@ Text SoundEntry(TextView wave, TextView sound, int percent, char16_t decimalMark
   return Text(wave) + u"\", \"" + Text(sound) + u"\", " + VolumeText(percent, decimalMark);
 }
 
+bool HasDecimalComma(TextView entry) {
+  const std::size_t quote = entry.rfind(u"\", ");
+  return quote != TextView::npos && entry.find(u',', quote + 3) != TextView::npos;
+}
+
 bool FitsOneLine(TextView weapon) {
   return std::none_of(weapon.begin(), weapon.end(), IsUnprintable);
 }

@@ -24,6 +24,9 @@ Text VolumeText(int percent, char16_t decimalMark);
 /// `sound` is the weapon's name, for a phaser with " Start" or " Loop" behind it.
 Text SoundEntry(TextView wave, TextView sound, int percent, char16_t decimalMark);
 
+/// True for an entry whose volume has a comma, which no script can read as a number.
+bool HasDecimalComma(TextView entry);
+
 /// True when the entry of a weapon of that name can stand on one line of a script.
 bool FitsOneLine(TextView weapon);
 

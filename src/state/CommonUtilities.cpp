@@ -8,6 +8,7 @@
 #include "platform/Guarded.h"
 #include "platform/Sound.h"
 #include "platform/Windows.h"
+#include "state/Dialogue.h"
 #include "state/ReadProgress.h"
 #include "state/Shell.h"
 #include "text/LetterCase.h"
@@ -156,12 +157,23 @@ void PlayEffect(Application& app, TextView name, unsigned flags) {
   PlaySoundFX(app, app.ProgramFolder + u"\\Sfx\\" + Text(name), flags);
 }
 
-void ShowFailures(Application& app) {
-  if (app.Failures.empty()) return;
+Text FailureLine(const Application& app) {
+  if (app.Failures.empty()) return {};
   Text line = app.Failures.front().Words;
   const std::size_t more = app.Failures.size() - 1;
   if (more > 0) line += u" (and " + TextFromUtf8(std::to_string(more)) + u" more)";
-  app.shell->ShowStatus(line);
+  return line;
+}
+
+void ShowFailures(Application& app) {
+  if (!app.Failures.empty()) app.shell->ShowStatus(FailureLine(app));
+}
+
+bool RequireGame(Application& app) {
+  if (!app.State.GamePath.empty()) return true;
+  NoteFailure(app, RaisedError(u"Game", u"No game's folder is known: choose it in the options."));
+  app.dialogue.PacMsg(u"Nothing has been done: the Game's Folder isn't known!!!", Title::Critical);
+  return false;
 }
 
 void NoteFailure(Application& app, Failure failure) {

@@ -68,6 +68,13 @@ void NoteFailure(Application& app, const RaisedError& error, TextView file);
 /// Puts them into the status line again, where something else was told since.
 void ShowFailures(Application& app);
 
+/// What the status line says of them; empty without any.
+Text FailureLine(const Application& app);
+
+/// False, told and noted, while no game's folder is known: a path below it would be one of the
+/// drive's root.
+bool RequireGame(Application& app);
+
 /// Runs one step of a command; a raised error or a failure of the platform ends it and is noted.
 /// Gives true when the step ran to its end.
 template <class Step>

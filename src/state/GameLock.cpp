@@ -58,7 +58,9 @@ class Locking {
   }
 
   void Wait(const Text& holder) {
-    if (waited_ == 0) app_.shell->TellAside(u"Waiting for " + NameOf(holder) + u"...");
+    const Text words = u"Waiting for " + NameOf(holder) + u"...";
+    if (waited_ == 0) app_.shell->TellAside(words);
+    app_.shell->ShowStatus(words);  // Nothing else is drawn meanwhile.
     app_.machine.clock.Pause(kPause);
     waited_ += kPause;
   }

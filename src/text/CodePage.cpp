@@ -42,6 +42,20 @@ FileText FileTextFromText(TextView text) {
   return bytes;
 }
 
+Text OutsideCodePage(TextView text) {
+  Text found;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (ByteOf(text[at]) >= 0) continue;
+    const bool isPair =
+        (text[at] & 0xFC00) == 0xD800 && at + 1 < text.size() && (text[at + 1] & 0xFC00) == 0xDC00;
+    const TextView character = text.substr(at, isPair ? 2 : 1);
+    if (isPair) ++at;
+    if (found.find(character) != Text::npos) continue;
+    found += (found.empty() ? u"" : u" ") + Text(character);
+  }
+  return found;
+}
+
 bool FitsCodePage(TextView text) {
   return std::all_of(text.begin(), text.end(), [](char16_t unit) { return ByteOf(unit) >= 0; });
 }

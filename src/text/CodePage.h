@@ -17,4 +17,7 @@ FileText FileTextFromText(TextView text);
 /// True when `text` comes back unchanged from FileTextFromText and TextFromFileText.
 bool FitsCodePage(TextView text);
 
+/// The characters of `text` that the page lacks, each once, with blanks between them.
+Text OutsideCodePage(TextView text);
+
 }  // namespace tarvo

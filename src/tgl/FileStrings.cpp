@@ -32,6 +32,15 @@ Text StringText(FileTextView string, StringType type) {
   return text;
 }
 
+bool HoldsTerminator(FileTextView string, StringType type) {
+  for (std::size_t at = 0; at < string.size(); at += UnitBytes(type)) {
+    if (type == StringType::SingleByte ? string[at] == 0 : UnitAt(string.data() + at) == 0) {
+      return true;
+    }
+  }
+  return false;
+}
+
 FileTextView StringView(TextView text, StringType type, FileText& store) {
   if (IsInFileOrder(type)) {
     return {reinterpret_cast<const char*>(text.data()), text.size() * UnitBytes(type)};

@@ -26,6 +26,9 @@ FileTextView StringBytes(FileTextView bytes, std::size_t at, StringType type);
 /// The text of such bytes.
 Text StringText(FileTextView string, StringType type);
 
+/// True when a string of these bytes would end before their end.
+bool HoldsTerminator(FileTextView string, StringType type);
+
 /// The bytes of a text: where the machine holds them in the order of the file, the text's own, else
 /// made at the end of `store`, which must have room for BytesToStore without moving.
 FileTextView StringView(TextView text, StringType type, FileText& store);

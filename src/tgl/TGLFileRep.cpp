@@ -12,6 +12,8 @@
 #include "text/Utf8.h"
 #include "tgl/Blanks.h"
 #include "tgl/FileHelpers.h"
+#include "tgl/KeyIndex.h"
+#include "tgl/NameKeys.h"
 #include "tgl/TGLStringHasher.h"
 
 namespace tarvo {
@@ -163,6 +165,7 @@ void TGLFileRep::Write_Strings(VBFileStream& stream, const TGLStrings& strings) 
   Encoded encoded{strings, {}, {}, {}};
   Write_Encode(encoded);
   Write_SortString(encoded);
+  Write_CheckNames(encoded);
   const TGLBlockSizes sizes = Write_CalcOffsetBlocks(encoded);
   Write_FileHeader(stream, strings.Count());
   Write_FileOffsetBlocks(stream, encoded);
@@ -237,6 +240,41 @@ void TGLFileRep::Write_SortString(Encoded& encoded) {
                     u"An error occurred in while hashing the strings.  Error: The names '" +
                         name(twice[0]) + u"' and '" + name(twice[1]) + u"' have one hash, " +
                         TGLStringHasher::HashText(twice->Hash) + u".");
+}
+
+/// In the file a name has lost the characters that the code page lacks, so that two names may have
+/// become one. Strings that nobody has asked for can be read, as they have been.
+void TGLFileRep::Write_CheckNames(const Encoded& encoded) {
+  const TGLStrings& strings = encoded.Strings;
+  const auto fail = [](const Text& words) {
+    throw RaisedError(u"TGLFileRep.Write_CheckNames",
+                      u"The file couldn't be loaded again.  Error: " + words);
+  };
+  const auto quoted = [](FileTextView name) { return u"'" + TextFromFileText(name) + u"'"; };
+  KeyIndex seen;
+  for (std::uint32_t at = 0; at < encoded.Objects.size(); ++at) {
+    const auto& fields = encoded.Objects[at];
+    const FileTextView name = fields[0];
+    if (name.find_first_not_of(' ') == FileTextView::npos) fail(u"A name is blank.");
+    for (std::size_t i = 0; i < kTGLColumns.size(); ++i) {
+      if (HoldsTerminator(fields[i], kTGLColumns[i].Form)) {
+        fail(u"A 0 character stands in the string " + quoted(name) + u".");
+      }
+    }
+    const std::uint32_t hash = HashOfKey(name);
+    const auto isSame = [&](std::uint32_t other) {
+      return SameKey(name, encoded.Objects[other][0]);
+    };
+    const auto isInFile = [&](std::uint32_t slot) {
+      const TGLStrings::Slot& other = strings.slots_[slot];
+      return !other.Object && SameKey(name, strings.BytesInFile(other, 0));
+    };
+    if (seen.Find(hash, isSame) != KeyIndex::kNone ||
+        strings.index_.Find(hash, isInFile) != KeyIndex::kNone) {
+      fail(u"Two strings would have the name " + quoted(name) + u" there.");
+    }
+    seen.Insert(hash, at);
+  }
 }
 
 TGLBlockSizes TGLFileRep::Write_CalcOffsetBlocks(const Encoded& encoded) {

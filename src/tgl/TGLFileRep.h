@@ -48,6 +48,8 @@ class TGLFileRep {
   /// Raises RaisedError with the Source "TGLFile.Update" for a blank name, for no collection or one
   /// without strings, and for a target that exists when `Overwrite` is false; with the Source
   /// "TGLFileRep.Write_SortString" when two Names have one hash; with the Source
+  /// "TGLFileRep.Write_CheckNames" for what ReadFile would refuse or misread: Names that are blank
+  /// in the file or differ only in case there, and a field with a 0 unit in it; with the Source
   /// "TGLFileRep.Write_CalcOffsetBlocks" when a block passes 2 GiB. What goes wrong on the disk is
   /// thrown as PlatformError.
   void WriteFile(TextView Filename, const TGLStrings* Strings, bool Overwrite = false);
@@ -87,6 +89,7 @@ class TGLFileRep {
                               std::size_t column);
   static void Write_Encode(Encoded& encoded);
   static void Write_SortString(Encoded& encoded);
+  static void Write_CheckNames(const Encoded& encoded);
   static TGLBlockSizes Write_CalcOffsetBlocks(const Encoded& encoded);
   void Write_FileHeader(VBFileStream& stream, std::int32_t count);
   void Write_FileOffsetBlocks(VBFileStream& stream, const Encoded& encoded);

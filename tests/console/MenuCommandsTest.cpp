@@ -58,6 +58,13 @@ TEST_F(MenuCommands, UnknownAndBuiltInMenusStayAndAreStatusOne) {
   EXPECT_EQ(folder.Get("program/QBMenus/Species.TGL"), species);
 }
 
+TEST_F(MenuCommands, DeleteReachesAMenuThatHasABuiltInOnesName) {
+  Do({"add-menu", "Klingon"});
+  options.Answer = u"Yes";
+  EXPECT_EQ(Do({"delete-menu", "Klingon Ships"}).status, 0);
+  EXPECT_EQ(CustomMenus(), "");
+}
+
 TEST_F(MenuCommands, StatusTellsWhetherDiskOrContentFailed) {
   Do({"add-menu", "Borg"});
   const std::string game = folder.Get("game/data/TGL/QuickBattle/QuickBattle.TGL");
@@ -65,8 +72,7 @@ TEST_F(MenuCommands, StatusTellsWhetherDiskOrContentFailed) {
   const Outcome full = Do({"add-menu", "Gorn"});
   EXPECT_EQ(full.status, 3);
   EXPECT_EQ(full.results, "");
-  EXPECT_NE(full.words.find("QuickBattle.TGL: " + SystemWords(kDiskFull)),
-            std::string::npos)
+  EXPECT_NE(full.words.find("QuickBattle.TGL: " + SystemWords(kDiskFull)), std::string::npos)
       << full.words;
   files.Heal();
   folder.Put("program/QBMenus/Species.TGL", "no database");

@@ -47,6 +47,18 @@ TEST_F(SoundCommands, MakeAPluginOfAllSounds) {
             std::string::npos);
 }
 
+TEST_F(SoundCommands, PointsAreWrittenWhereTheyAreWanted) {
+  locale.Mark = u',';
+  const std::vector<std::string> words = {"sound-plugin", "x", "--sound", "p.wav,A:Loop,80"};
+  EXPECT_NE(Do(words).words, "");
+  EXPECT_NE(Plugin("x").find("\"A Loop\", 0,8)"), std::string::npos);
+  std::vector<std::string> more = words;
+  more.insert(more.end(), {"--sound", "q.wav,B,10", "--points"});
+  EXPECT_EQ(Do(more).words, "");
+  EXPECT_NE(Plugin("x").find("\"A Loop\", 0.8)"), std::string::npos);
+  EXPECT_NE(Plugin("x").find("\"B\", 0.1)"), std::string::npos);
+}
+
 TEST_F(SoundCommands, WrongSoundsAreRefusedBeforeAnythingIsMade) {
   for (const char* sound :
        {"torp.wav", "torp.wav,A", "torp.wav,A,9", "torp.wav,A,101", "torp.wav,A,x",

@@ -254,6 +254,28 @@ TEST_F(Controls, TextBoxesTakeTypingAndShowWhatTheRoutineMadeOfIt) {
   EXPECT_EQ(form.line.Text(), u"abc");
 }
 
+TEST_F(Controls, AMarkIsSeenAndHeardAsLongAsItStands) {
+  WorkForm& form = ShowWork();
+  form.go.Hint = u"It <goes>";
+  for (Control* field : std::initializer_list<Control*>{&form.line, &form.types}) {
+    field->AccessibleName = u"Field";
+    Turn(40);
+    QWidget* face = QApplication::widgetAt(Middle(*field));
+    while (face->accessibleName() != "Field") face = face->parentWidget();
+    const QImage bare = face->grab().toImage();
+    field->Mark(u"Not <this>");
+    Turn(40);
+    EXPECT_NE(face->grab().toImage(), bare);
+    EXPECT_EQ(face->accessibleName(), "Field: Not <this>");
+    EXPECT_EQ(face->toolTip(), "<p>Not &lt;this&gt;</p>");
+    field->Mark({});
+    Turn(40);
+    EXPECT_EQ(face->grab().toImage(), bare);
+    EXPECT_EQ(face->accessibleName() + face->toolTip(), "Field");
+  }
+  EXPECT_EQ(QApplication::widgetAt(Middle(form.go))->accessibleName(), "Go: It <goes>");
+}
+
 TEST(TextBridge, KeepsEveryUnit) {
   for (const Text& text : {Text(u"\uFEFFx"), Text(u"\uFFFEx"), Text{u'a', 0, u'b'},
                            Text{u'a', char16_t{0xDC80}, u'b'}, Text()}) {

@@ -48,6 +48,12 @@ class QBMenusScreen : public GameToolsScreen {
     screen.lblDeleteQB.Press();
   }
 
+  void Select(ListBox& list, TextView item) {
+    for (std::size_t row = 0; row < list.Count(); ++row) {
+      if (list.Item(row) == item) list.SetSelected(row, true);
+    }
+  }
+
   bool Told(const Text& message) {
     const TestMachine::Box box{message, BoxIcon::Information};
     return std::find(machine.boxes.begin(), machine.boxes.end(), box) != machine.boxes.end();
@@ -128,6 +134,16 @@ TEST_F(QBMenusScreen, AddWithoutANameTouchesNothing) {
   EXPECT_EQ(screen.MenuRowCount(), 9);
 }
 
+TEST_F(QBMenusScreen, AddRefusesCharactersThatTheGameDoesNotKnow) {
+  frmGameTools& screen = Open();
+  const auto before = machine.FilesBelow(machine.folder.Game());
+  AddMenu(screen, u"\u0416a\U0001F680\u0416");
+  ASSERT_EQ(machine.boxes.size(), 1u);
+  EXPECT_THAT(machine.boxes[0].Message, Holds(Text(u" \u0416 \U0001F680!")));
+  EXPECT_EQ(machine.FilesBelow(machine.folder.Game()), before);
+  EXPECT_EQ(screen.MenuRowCount(), 9);
+}
+
 TEST_F(QBMenusScreen, DeleteMovesTheShipsAndTakesTheMenuOutOfBothDatabases) {
   WriteDatabase(quickBattle, {u"Quit"});
   PutShip(u"Cube", u"Borg Ships");
@@ -163,11 +179,54 @@ TEST_F(QBMenusScreen, DeleteMovesTheShipsAndTakesTheMenuOutOfBothDatabases) {
   EXPECT_FALSE(screen.QuietMake);
 }
 
-TEST_F(QBMenusScreen, DeleteFindsMenusThatStandInTheFileOtherwise) {
+TEST_F(QBMenusScreen, WhatDeleteWouldTakeIsMarkedAndNamed) {
   WriteDatabase(quickBattle, {u"Quit"});
   frmGameTools& screen = Open();
-  AddMenu(screen, u"\u0416");
+  AddMenu(screen, u"Borg");
+  PutShip(u"Cube", u"Borg Ships");
+  machine.disk->Rename(Plugin(u"Cube.py"), Plugin(u"Cube.Disabled"));
+  const auto expectTarget = [&](int row) {
+    const bool hasTarget = row >= 0;
+    EXPECT_EQ(screen.fraQBMenu.MarkedMenu, row);
+    EXPECT_EQ(screen.lblDeleteQB.Hint.Get().find(u"Borg Ships") != Text::npos, hasTarget);
+    EXPECT_EQ(StatusLine().find(u"would delete \"Borg Ships\"") != Text::npos, hasTarget);
+  };
+  screen.lblMenus.Press();
+  expectTarget(-1);
+  screen.fraQBMenu.Click({RowPanel::Family::Menu, 8}, true);
+  expectTarget(8);
+  screen.fraQBMenu.Click({RowPanel::Family::Menu, 0}, true);
+  expectTarget(-1);
+  screen.fraQBMenu.Click({RowPanel::Family::Menu, 8}, false);
+  Select(screen.lstDisabled, u"Cube");
+  screen.lblEnable.Press();
+  expectTarget(8);
   machine.boxes.clear();
+  screen.lblDeleteQB.Press();
+  expectTarget(-1);
+  ASSERT_EQ(machine.boxes.size(), 3u);
+  EXPECT_EQ(machine.boxes[0].Message, kRemoved);
+  EXPECT_THAT(machine.boxes[1].Message, Holds(Text(u"\nCube")));
+  EXPECT_EQ(machine.boxes[2].Message, kMoved);
+}
+
+TEST_F(QBMenusScreen, TheLastStringOfTheGameStaysAndThatIsTold) {
+  frmGameTools& screen = Open();
+  AddMenu(screen, u"Borg");
+  machine.boxes.clear();
+  DeleteMenu(screen, 8);
+  EXPECT_THAT(DatabaseLines(quickBattle), ElementsAre(Line(u"Borg Ships")));
+  ASSERT_EQ(machine.boxes.size(), 3u);
+  EXPECT_THAT(machine.boxes[0].Message, Holds(quickBattle));
+  EXPECT_EQ(StatusLine(), machine.boxes[0].Message);
+}
+
+TEST_F(QBMenusScreen, DeleteFindsMenusThatStandInTheFileOtherwise) {
+  WriteDatabase(quickBattle, {u"Quit", u"\u0416 Ships"});
+  TGLFile file(*machine.disk);
+  file.Strings().Add(u"\u0416 Ships", u"\u0416 Ships", u"");
+  file.Update(species, true);
+  frmGameTools& screen = Open();
   DeleteMenu(screen, 8);
   EXPECT_EQ(machine.Bytes(species), "(missing)");
   EXPECT_EQ(DatabaseLines(quickBattle).size(), 1u);

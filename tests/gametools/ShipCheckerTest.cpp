@@ -97,6 +97,25 @@ TEST_F(ShipChecker, ScanDisablesWhatFailsAndSaysSo) {
   EXPECT_EQ(screen.txtFileDisplay.Text() + screen.txtErrorDisplay.Text(), u"");
 }
 
+TEST_F(ShipChecker, ScanSparesWhatServesAllShipsAndNamesWhatItSwitchesOff) {
+  AddShip(u"Bad");
+  AddShip(u"Many");
+  for (const TextView ship : {u"Bad", u"Many"}) machine.disk->Remove(Script(Text(ship) + u".py"));
+  const Texts spared = {u"Custom.py", u"DamoclesModPack.py", u"FTBLoader.py", u"__init__.py"};
+  for (const Text& file : spared) machine.WriteFile(Plugin(file), "x");
+  frmGameTools& screen = Open();
+  const auto status = [&] { return Utf8FromText(machine.Start().StatusBar.Panel1.Get()); };
+  screen.lblMenus.Press();
+  EXPECT_EQ(status(), "Switched off by the check: Bad, Many.");
+  for (const Text& file : spared) EXPECT_EQ(machine.Bytes(Plugin(file)), "x");
+  Select(screen.lstDisabled, u"Many");
+  screen.lblEnable.Press();
+  EXPECT_EQ(status(),
+            "Switched off by the check: Many. The check can't judge Many: no ship's script has "
+            "that name.");
+  EXPECT_EQ(Items(screen.lstDisabled), (Texts{u"Bad", u"Many"}));
+}
+
 /// A folder that can't be listed, a file that can't be looked at or read, a whole folder that has
 /// gone.
 TEST_F(ShipChecker, WhatCantBeLookedAtDisablesNoShip) {

@@ -89,6 +89,45 @@ TEST_F(ShipStates, DeleteTakesEveryFileOfTheShipsAtAPlainYesAndNoOther) {
   EXPECT_EQ(Messages(), Texts{u"Delete Complete... The Ship no longer Exists as a Plugin!"});
 }
 
+TEST_F(ShipStates, WhatADeletionWouldTakeIsShown) {
+  for (const TextView ship : {u"A", u"B", u"C"}) AddShip(ship);
+  AddShip(u"D", "Fed Ships", u".Disabled");
+  frmGameTools& screen = Open();
+  screen.fraMenus.Visible = true;
+  Texts asked;
+  const auto chosen = [&] {
+    Text ships;
+    for (const RowPanel::Place place : screen.fraQBMenu.InOrder()) {
+      if (screen.fraQBMenu.PictureOf(place) == RowPanel::Picture::ShipSelected) {
+        ships += screen.fraQBMenu.Seen(place)->Caption;
+      }
+    }
+    return ships;
+  };
+  machine.onDialog = [&](frmPac_InputBox&) {
+    asked.push_back(machine.Start().StatusBar.Panel1.Get());
+  };
+  screen.lblDelete.Press();
+  ClickInTree(screen, 0, u"A");
+  Select(screen.lstDisabled, u"D");
+  screen.lblDelete.Press();
+  EXPECT_NE(machine.Start().StatusBar.Panel1.Get().find(u"Still chosen: A."), Text::npos);
+  ClickInTree(screen, 0, u"B");
+  EXPECT_EQ(chosen(), u"AB");
+  screen.lblDelete.Press();
+  EXPECT_EQ(asked, (Texts{u"No ship is chosen: nothing would be deleted.", u"To be deleted: A, D",
+                          u"To be deleted: A, B, D"}));
+  ClickInTree(screen, 0, u"A");
+  EXPECT_EQ(chosen(), u"B");
+  ClickInTree(screen, 0, u"B");
+  EXPECT_EQ(chosen() + Text(screen.SelectedShip == 0 ? u"" : u"?"), u"");
+  ClickInTree(screen, 0, u"B");
+  machine.answers = {u"Yes"};
+  screen.lblDelete.Press();
+  EXPECT_EQ(PluginFiles(), (Texts{u"A.py", u"C.py"}));
+  EXPECT_EQ(chosen(), u"C") << "the number stays, and is shown";
+}
+
 TEST_F(ShipStates, TwoPluginsSideBySideStayAndAreNamed) {
   AddShip(u"A");
   machine.WriteFile(Plugin(u"A.Disabled"), "older");

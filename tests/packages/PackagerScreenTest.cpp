@@ -106,6 +106,27 @@ TEST_F(PackagerScreen, RemoveTakesTheSelectedFilesOutOfBothLists) {
   EXPECT_EQ(screen.lstFile.Item(0), u"Ship A.py");
 }
 
+TEST_F(PackagerScreen, NamesThatLeadElsewhereMakeNoPackage) {
+  frmPackager& screen = Open();
+  screen.lblAddAll.Press();
+  const Text outside = program + u"\\Outside.Tarvo";
+  machine.WriteFile(outside, "x");
+  const auto before = machine.FilesBelow(machine.folder.Game());
+  for (const TextView name : {u"..\\Outside", u"a/b", u"..", u"a*", u"a\t"}) {
+    machine.boxes.clear();
+    screen.cboFileName.SetText(Text(name));
+    EXPECT_TRUE(screen.cboFileName.Marked);
+    screen.lblSave.Press();
+    ASSERT_EQ(machine.boxes.size(), 1u);
+    EXPECT_EQ(machine.boxes[0].Icon, BoxIcon::Exclamation);
+    screen.lblTest.Press();
+    EXPECT_EQ(machine.boxes[1].Message, u"That is not a Valid Tarvo File Name!!!");
+  }
+  EXPECT_EQ(machine.FilesBelow(machine.folder.Game()), before);
+  screen.cboFileName.SetText(u"good");
+  EXPECT_FALSE(screen.cboFileName.Marked);
+}
+
 TEST_F(PackagerScreen, MakesAPackageAndIsReadyForTheNext) {
   frmPackager& screen = Open();
   ChooseFolder(screen, u"\\scripts\\ships");

@@ -52,7 +52,8 @@ TEST(ShipDefinition, TextsOutOfFormAreRefused) {
 }
 
 TEST(ShipDefinition, NameThatFitsNoFileIsRefused) {
-  for (const TextView ship : {u"", u" ", u"..\\x", u"a/b", u"a:b", u"a*", u"\u0416"}) {
+  for (const TextView ship :
+       {u"", u" ", u"..\\x", u"a/b", u"a:b", u"a*", u"a\n", u"a..b", u"\u0416"}) {
     TGLStrings strings;
     EXPECT_THROW(AddDefinition(strings, Text(ship), {}), RaisedError);
     EXPECT_EQ(strings.Count(), 0);

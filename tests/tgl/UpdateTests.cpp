@@ -1,4 +1,7 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <functional>
 
 #include "TGLTesting.h"
 #include "text/Utf8.h"
@@ -66,6 +69,38 @@ TEST(UpdateTest, Refusals) {
             "TGLFileRep.Write_SortString: An error occurred in while hashing the strings.  Error: "
             "The names 'Ship365020' and 'Ship216254' have one hash, 74ED6A00.");
   EXPECT_EQ(files.Bytes(kPath), "old");
+}
+
+TEST(UpdateTest, WritesNothingThatTheLoaderWouldRefuse) {
+  const std::pair<const char*, std::function<void(TGLStrings&)>> cases[] = {
+      {"two that become one",
+       [](TGLStrings& strings) {
+         strings.Add(u"\u0416", u"d", u"m");
+         strings.Add(u"\u0429", u"d", u"m");
+       }},
+      {"one that becomes a string of the file",
+       [](TGLStrings& strings) { strings.Add(u"\u0416\u0416", u"d", u"m"); }},
+      {"two keys for one name",
+       [](TGLStrings& strings) {
+         strings.Add(u"b", u"d", u"m");
+         strings.Add(u"B", u"d", u"m", u"key");
+       }},
+      {"blank", [](TGLStrings& strings) { strings.Lookup(u"yes")->Name = u" "; }},
+      {"cut short", [](TGLStrings& strings) { strings.Add(Text(u"a\0", 2), u"d", u"m"); }},
+  };
+  TestFiles files;
+  TGLFile file = ExampleIn(files);
+  file.Strings().Add(u"??", u"d", u"m");
+  file.Update(kPath, true);
+  const FileText old = files[kPath];
+  for (const auto& [name, change] : cases) {
+    file.SetFilename(kPath);
+    file.Load();
+    change(file.Strings());
+    EXPECT_THAT(Raised([&] { file.Update(kPath, true); }), testing::StartsWith("TGLFileRep.Write"))
+        << name;
+    EXPECT_EQ(files[kPath], old) << name;
+  }
 }
 
 TEST(UpdateTest, WhateverStepFailsTheOldFileStands) {
