@@ -173,6 +173,7 @@ void frmMainMenu::Show(Button& button, TextView title) {
     return ShowOptions();
   }
   screen.Visible = true;
+  Skin.Rest();
   Enabled = false;
 }
 

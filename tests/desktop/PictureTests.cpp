@@ -133,6 +133,11 @@ TEST_F(SkinFiles, ControlsHearOfThePointerWhereTheyListen) {
   EXPECT_EQ(onForm, 0) << "what lies behind doesn't hear of it";
   moveTo(middle + QPoint(0, 20));
   EXPECT_GT(onForm, 0) << "free ground";
+  moveTo(Middle(form.types));
+  onButton = onForm = 0;
+  moveTo(Middle(form.stop));
+  EXPECT_GT(onForm, 0) << "ground that a quick pointer has crossed";
+  EXPECT_EQ(onButton, 0) << "passed by";
   form.go.Enabled = false;
   Turn(50);
   onButton = 0;
