@@ -166,7 +166,7 @@ void PillButton::keyPressEvent(QKeyEvent* event) {
       emit pressed();
     }
   } else if (IsEnter(*event)) {
-    if (!event->isAutoRepeat()) click();
+    if (!LastInput::WasRepetition()) click();
   } else if (event->key() == Qt::Key_Escape) {
     event->ignore();  // The form's Escape button has it.
   } else {

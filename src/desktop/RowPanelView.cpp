@@ -227,7 +227,7 @@ void RowPanelFace::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (!event->isAutoRepeat()) model_->Click(current_, true);
+      if (!LastInput::WasRepetition()) model_->Click(current_, true);
       return;
     default:
       QWidget::keyPressEvent(event);

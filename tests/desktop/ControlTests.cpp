@@ -1,8 +1,10 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QListView>
 #include <QScrollBar>
+#include <QWindow>
 
 #include "Desk.h"
 #include "desktop/DirListBoxView.h"
@@ -97,6 +99,24 @@ TEST_F(Controls, EscapeGoesToADropDownThatIsOpenBeforeTheForm) {
     Key("Escape");
     EXPECT_EQ(left, ++expected);
   }
+}
+
+TEST_F(Controls, AStrokeIsNoRepetitionWhereTheSystemMissedThatTheKeyWasLetGo) {
+  WorkForm& form = ShowWork();
+  int pressed = 0;
+  form.CancelButton = &form.stop;
+  form.stop.OnClick = [&] { ++pressed; };
+  const auto press = [&](int key, bool repetition) {
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, {}, repetition);
+    QCoreApplication::sendEvent(WindowOf(form)->windowHandle(), &event);
+    return pressed;
+  };
+  EXPECT_EQ(press(Qt::Key_Escape, false), 1);
+  EXPECT_EQ(press(Qt::Key_Escape, true), 1) << "held";
+  press(Qt::Key_Tab, false);
+  EXPECT_EQ(press(Qt::Key_Escape, true), 2) << "another key came between";
+  Turn(1600);
+  EXPECT_EQ(press(Qt::Key_Escape, true), 3) << "no key is repeated that late";
 }
 
 TEST_F(Controls, ADeepFolderIsIndentedAndTheFirstRowInSightIsWhole) {
