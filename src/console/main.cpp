@@ -34,6 +34,31 @@ void AddGlobalOptions(CLI::App& parser, CommandLine& line) {
   parser.add_flag("--quiet", line.options.Quiet, "No messages of information, no progress line");
 }
 
+/// Whether the parser, or one of its commands, has an option of that name with a value.
+bool TakesValue(const CLI::App& parser, const std::string& name) {
+  const CLI::Option* option = parser.get_option_no_throw(name);
+  if (option && option->get_items_expected_min() > 0) return true;
+  const std::vector<const CLI::App*> commands = parser.get_subcommands(nullptr);
+  return std::ranges::any_of(commands, [&](auto* command) { return TakesValue(*command, name); });
+}
+
+/// The words with each empty value behind a "=" as a word of its own: the parser would take the next
+/// option for the value else.
+std::vector<std::string> Apart(const CLI::App& parser, const std::vector<std::string>& words) {
+  std::vector<std::string> apart;
+  bool ended = false;  // No word behind this one is an option.
+  for (auto word = words.begin(); word != words.end(); ++word) {
+    ended = ended || *word == "--";
+    const std::string name = word->substr(0, word->find('='));
+    const bool option = !ended && name.starts_with("--") && TakesValue(parser, name);
+    const bool empty = option && *word == name + "=";
+    apart.push_back(empty ? name : *word);
+    if (empty) apart.emplace_back();
+    if (option && *word == name && word + 1 != words.end()) apart.push_back(*++word);
+  }
+  return apart;
+}
+
 /// Raises the status where not all could be written that the user was to read.
 int Closed(int status) {
   std::cout.flush();
@@ -86,6 +111,7 @@ int main(int argc, char** argv) {
     if (!words.empty()) words.erase(words.begin());
     for (const std::string& word : words) line.options.Command += u" " + tarvo::TextFromUtf8(word);
     line.options.Command.insert(0, u"tarvo");
+    words = tarvo::Apart(parser, words);
     std::ranges::reverse(words);
     parser.parse(std::move(words));
   } catch (const CLI::ParseError& error) {

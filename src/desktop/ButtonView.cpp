@@ -26,12 +26,6 @@ bool IsEnter(const QKeyEvent& event) {
   return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
 }
 
-/// `colour` with the light laid over it.
-QColor Lit(const QColor& colour, const QColor& light) {
-  return Mix(colour, QColor(light.red(), light.green(), light.blue(), colour.alpha()),
-             light.alphaF());
-}
-
 int DegreesFromUp(Button::Arrow glyph) {
   switch (glyph) {
     case Button::Arrow::Right:
@@ -95,8 +89,8 @@ PillButton::Ground PillButton::DrawGround(QPainter& painter, const QColor& light
   if (const QColor middle = PictureGround(painter, look.picture); middle.isValid()) {
     QColor laid = light;
     if (HasCaption()) {
-      const double dark = Dimming(look.caption, middle);
-      if (dark > 0) laid = QColor::fromRgbF(0, 0, 0, static_cast<float>(dark));
+      const QColor needed = LegibleLight(look.caption, middle);
+      if (needed.alpha() > 0) laid = needed;
     } else {
       laid.setAlpha(light.alpha() / 2);  // A picture alone keeps its contrasts.
     }
@@ -105,7 +99,7 @@ PillButton::Ground PillButton::DrawGround(QPainter& painter, const QColor& light
   }
   if (ground_.alpha() == 0) return Ground::None;
   const QColor bar = Lit(ground_, light);
-  DrawPill(painter, rect(), Mix(bar, Qt::black, Dimming(look.caption, bar)));
+  DrawPill(painter, rect(), Lit(bar, LegibleLight(look.caption, bar)));
   return Ground::Bar;
 }
 
@@ -172,7 +166,7 @@ void PillButton::keyPressEvent(QKeyEvent* event) {
       emit pressed();
     }
   } else if (IsEnter(*event)) {
-    if (!event->isAutoRepeat()) click();
+    if (!LastInput::WasRepetition()) click();
   } else if (event->key() == Qt::Key_Escape) {
     event->ignore();  // The form's Escape button has it.
   } else {

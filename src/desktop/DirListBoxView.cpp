@@ -24,6 +24,8 @@ QVariant FolderRows::data(const QModelIndex& index, int role) const {
       return ToQt(row.Name);
     case kDepthRole:
       return row.Depth;
+    case kDeepestRole:
+      return list_->Rows().back().Depth;
     case kOpenRole:
       return row.Open;
     case kAtHandRole:

@@ -5,6 +5,7 @@
 #include <QPainter>
 
 #include "controls/Button.h"
+#include "desktop/LastInput.h"
 #include "desktop/Skin.h"
 
 namespace tarvo {
@@ -61,7 +62,7 @@ void FormWidget::resizeEvent(QResizeEvent*) {
 }
 
 void FormWidget::keyPressEvent(QKeyEvent* event) {
-  if (event->isAutoRepeat() || !OnKey || !OnKey(event->key())) event->ignore();
+  if (LastInput::WasRepetition() || !OnKey || !OnKey(event->key())) event->ignore();
 }
 
 void FormWidget::paintEvent(QPaintEvent* event) {

@@ -54,6 +54,13 @@ Picture& PictureOf(const QPainter& painter, const QString& name) {
   return *at;
 }
 
+/// With its edges between pixels of the screen: what meets there leaves no seam.
+QRectF OnPixels(const QRectF& area) {
+  const QPointF first(std::round(area.left()), std::round(area.top()));
+  const QPointF behind(std::round(area.right()), std::round(area.bottom()));
+  return {first, behind};
+}
+
 /// A part of a length: where it begins, and how long it is.
 struct Span {
   qreal from, length;
@@ -65,9 +72,9 @@ std::array<Span, 3> Sliced(const Span& whole, qreal end) {
   return {Span{whole.from, end}, {whole.from + end, middle}, {whole.from + end + middle, end}};
 }
 
-/// Ends half as long as the picture is thick, in whole pixels of screen and picture.
+/// Ends half as long as the picture is thick, in whole pixels of screen and picture. The painter
+/// and the area are in pixels of the screen.
 void DrawSliced(QPainter& painter, const QRectF& area, const QImage& image, bool across) {
-  const qreal pixel = 1 / painter.device()->devicePixelRatioF();
   const auto along = [=](const QRectF& whole) {
     return across ? Span{whole.left(), whole.width()} : Span{whole.top(), whole.height()};
   };
@@ -82,9 +89,9 @@ void DrawSliced(QPainter& painter, const QRectF& area, const QImage& image, bool
   const qreal scale = thick(area).length / thick(source).length;
   const qreal end =
       std::min(std::ceil(thick(source).length / 2), std::floor(along(source).length / 2));
-  const qreal half = std::floor(along(area).length / pixel / 2) * pixel;
+  const qreal half = std::floor(along(area).length / 2);
   const auto from = Sliced(along(source), end);
-  const auto to = Sliced(along(area), std::min(std::round(end * scale / pixel) * pixel, half));
+  const auto to = Sliced(along(area), std::min(std::round(end * scale), half));
   for (std::size_t i = 0; i < to.size(); ++i) {
     painter.drawImage(part(to[i], thick(area)), image, part(from[i], thick(source)));
   }
@@ -116,19 +123,18 @@ bool DrawPicture(QPainter& painter, const QRect& area, const QString& name, Pict
   if (picture.image.isNull()) return false;
   if (area.isEmpty()) return true;
   const QImage image = light.alpha() > 0 ? Lit(picture.image, light) : picture.image;
+  const QTransform toScreen = painter.deviceTransform();
+  const QRectF whole = OnPixels(
+      toScreen.mapRect(fit == PictureFit::Natural ? NaturalArea(area, picture) : QRectF(area)));
+  painter.save();
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  switch (fit) {
-    case PictureFit::Across:
-    case PictureFit::Down:
-      DrawSliced(painter, area, image, fit == PictureFit::Across);
-      break;
-    case PictureFit::Natural:
-      painter.drawImage(NaturalArea(area, picture), image, image.rect());
-      break;
-    case PictureFit::Stretched:
-      painter.drawImage(area, image, image.rect());
-      break;
+  painter.setTransform(toScreen.inverted(), true);  // To the screen's own pixels.
+  if (fit == PictureFit::Across || fit == PictureFit::Down) {
+    DrawSliced(painter, whole, image, fit == PictureFit::Across);
+  } else {
+    painter.drawImage(whole, image, image.rect());
   }
+  painter.restore();
   return true;
 }
 

@@ -3,6 +3,7 @@
 #include <QMouseEvent>
 #include <QWidget>
 
+#include "desktop/PointerTrail.h"
 #include "desktop/View.h"
 
 namespace tarvo {
@@ -11,6 +12,11 @@ PointerWatch::PointerWatch(View& view, QWidget& widget)
     : QObject(&widget), view_(view), widget_(widget) {
   widget.setMouseTracking(true);
   widget.installEventFilter(this);
+  PointerTrail::Follow(*widget.window());
+}
+
+void PointerWatch::Crossed() {
+  if (view_.Live()) view_.Shown().MoveMouse();
 }
 
 /// A move with no button held ends here: what lies behind would take it for its own.

@@ -14,6 +14,9 @@ class PointerWatch : public QObject {
  public:
   PointerWatch(View& view, QWidget& widget);
 
+  /// The pointer has crossed the widget, too fast to be seen on it.
+  void Crossed();
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 

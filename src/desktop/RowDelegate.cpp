@@ -15,6 +15,7 @@ constexpr int kSideRoom = 8;
 constexpr int kRoomAboveAndBelow = 8;
 constexpr int kIndentation = 12;
 constexpr int kFolderWidth = 22;  ///< The mark and the room behind it.
+constexpr int kLeastText = 64;    ///< Of the name of the deepest folder.
 
 bool IsFolder(const QModelIndex& index) {
   return index.data(kDepthRole).isValid();
@@ -26,12 +27,17 @@ bool IsUnderPointer(const QStyleOptionViewItem& option) {
   return (option.state & QStyle::State_MouseOver) && (!list || list->viewport()->underMouse());
 }
 
+/// In a narrow list the steps of a deep tree are shorter, so that there is room for all of them.
+int Indentation(const QStyleOptionViewItem& option, const QModelIndex& index) {
+  const int deepest = std::max(1, index.data(kDeepestRole).toInt());
+  const int room = option.rect.width() - 2 * kSideRoom - kFolderWidth - kLeastText;
+  const int most = std::clamp(room, deepest, deepest * kIndentation);
+  return index.data(kDepthRole).toInt() * most / deepest;
+}
+
 QRect TextArea(const QStyleOptionViewItem& option, const QModelIndex& index) {
-  int left = kSideRoom;
-  if (IsFolder(index)) left += index.data(kDepthRole).toInt() * kIndentation + kFolderWidth;
-  // A deep folder may run out of the list, but never out of sight.
-  left = std::min(left, std::max(kSideRoom, option.rect.width() - 72));
-  return option.rect.adjusted(left, 0, -kSideRoom, 0);
+  const int mark = IsFolder(index) ? Indentation(option, index) + kFolderWidth : 0;
+  return option.rect.adjusted(kSideRoom + mark, 0, -kSideRoom, 0);
 }
 
 /// A folder with its tab; an open one is outlined, a closed one filled.

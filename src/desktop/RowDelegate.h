@@ -7,6 +7,7 @@ namespace tarvo {
 /// Roles of rows beside their text.
 enum RowRole {
   kDepthRole = Qt::UserRole,  ///< Steps of indentation of a folder; rows without one are plain.
+  kDeepestRole,               ///< The most of them in this list.
   kOpenRole,                  ///< The folder is open, that is, one of the way to the current one.
   kAtHandRole,                ///< The folder whose subfolders the list shows.
 };

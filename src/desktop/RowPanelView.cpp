@@ -138,8 +138,7 @@ QRect RowPanelFace::DrawBar(QPainter& painter, Place place, const RowPanel::Row&
   const Picture shown = model_->PictureOf(place);
   const QString name = ToQt(model_->Pictures.Get().at(static_cast<std::size_t>(shown)));
   if (const QColor middle = PictureGround(painter, name); middle.isValid()) {
-    const auto dark = static_cast<float>(Dimming(ink, middle));
-    DrawPicture(painter, bar, name, PictureFit::Across, QColor::fromRgbF(0, 0, 0, dark));
+    DrawPicture(painter, bar, name, PictureFit::Across, LegibleLight(ink, middle));
     return bar;
   }
   if (place.Kind == Family::Ship) bar.adjust(kShipsInset, 0, -1, 0);
@@ -241,7 +240,7 @@ void RowPanelFace::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Space:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (!event->isAutoRepeat()) model_->Click(current_, true);
+      if (!LastInput::WasRepetition()) model_->Click(current_, true);
       return;
     default:
       QWidget::keyPressEvent(event);

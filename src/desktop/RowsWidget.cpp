@@ -11,7 +11,7 @@ RowsWidget::RowsWidget(QWidget* parent) : QListView(parent) {
   setItemDelegate(new RowDelegate(this));
   setUniformItemSizes(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+  setVerticalScrollMode(QAbstractItemView::ScrollPerItem);  // The first row in sight is whole.
   setSelectionMode(QAbstractItemView::NoSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setTabKeyNavigation(false);

@@ -25,10 +25,13 @@ using Clock = std::chrono::steady_clock;
 constexpr int kRate = 44100;
 constexpr int kSamplesAtOnce = 2048;
 constexpr std::uint64_t kLargestFile = 64 << 20;
-constexpr auto kLook = 5ms;            ///< How often a sound that plays is asked for its end.
+constexpr auto kLook = 5ms;            ///< How often a sound is asked for its end that is due.
 constexpr auto kTail = 30ms;           ///< What is mixed but not heard yet at that end.
 constexpr auto kLongestDelay = 250ms;  ///< What a sound may take beyond its length.
 constexpr auto kLongestFarewell = 300ms;
+
+/// How long the device stays open with nothing to play: silence costs as much as sound.
+constexpr auto kRest = 400ms;
 
 void Ignore(const char*, int, const char*, int, const char*, ...) {}
 
@@ -68,7 +71,9 @@ class SdlSound::Player : public std::enable_shared_from_this<SdlSound::Player> {
   };
 
   void Run();
+  std::optional<Clock::time_point> NextLook() const;
   bool Open();
+  void Close();
   void Obey(Order order);
   void Silence();
   bool StillPlaying();
@@ -84,10 +89,13 @@ class SdlSound::Player : public std::enable_shared_from_this<SdlSound::Player> {
   bool gone_ = false;
 
   // The thread's own.
+  bool open_ = false;
+  Clock::time_point usedAt_{};  ///< When the device was last at work.
   FileText wave_;
   Mix_Chunk* chunk_ = nullptr;
   std::uint64_t playing_ = 0;  ///< 0 for none.
   bool loop_ = false;
+  Clock::time_point due_{};  ///< When the sound that plays has its end, if nothing delays it.
   Clock::time_point silentSince_{};
 };
 
@@ -132,24 +140,30 @@ void SdlSound::Player::End() {
 }
 
 void SdlSound::Player::Run() {
-  const bool open = Open();
+  SilenceAlsa();
+  SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+  SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Tarvo Packager");
+  const bool works = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0 && Open();
   std::unique_lock lock(mutex_);
-  if (!open) {
+  if (!works) {
     failed_ = true;
     order_.reset();
   }
   const auto called = [&] { return order_ || ending_; };
-  while (open && !ending_) {
-    // A loop has no end to look for.
-    if (playing_ != 0 && !loop_) {
-      toThread_.wait_for(lock, kLook, called);
+  while (works && !ending_) {
+    if (const auto look = NextLook()) {
+      toThread_.wait_until(lock, *look, called);
     } else {
       toThread_.wait(lock, called);
     }
     std::optional<Order> order = std::move(order_);
     order_.reset();
     lock.unlock();
-    if (order) Obey(std::move(*order));
+    if (order) {
+      Obey(std::move(*order));
+    } else if (playing_ == 0) {
+      Close();
+    }
     const std::uint64_t playing = playing_;
     const bool over = playing != 0 && !StillPlaying();
     lock.lock();
@@ -163,50 +177,60 @@ void SdlSound::Player::Run() {
     toCaller_.notify_all();
   }
   lock.unlock();
-  if (open) {
-    Silence();
-    Mix_CloseAudio();
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
-  }
+  Close();
+  SDL_QuitSubSystem(SDL_INIT_AUDIO);
   lock.lock();
   gone_ = true;
   toCaller_.notify_all();
 }
 
+/// When there may be something to do without a call; nothing for never: a loop has no end.
+std::optional<Clock::time_point> SdlSound::Player::NextLook() const {
+  if (playing_ != 0 && loop_) return {};
+  if (playing_ != 0) return std::max(due_, Clock::now() + kLook);
+  if (open_) return usedAt_ + kRest;
+  return {};
+}
+
 bool SdlSound::Player::Open() {
-  SilenceAlsa();
-  SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-  SDL_SetHint(SDL_HINT_AUDIO_DEVICE_APP_NAME, "Tarvo Packager");
-  if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return false;
-  if (Mix_OpenAudio(kRate, MIX_DEFAULT_FORMAT, 2, kSamplesAtOnce) != 0) {
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    return false;
-  }
-  Mix_AllocateChannels(1);
-  return true;
+  if (open_) return true;
+  open_ = Mix_OpenAudio(kRate, MIX_DEFAULT_FORMAT, 2, kSamplesAtOnce) == 0;
+  if (open_) Mix_AllocateChannels(1);
+  usedAt_ = Clock::now();
+  return open_;
+}
+
+void SdlSound::Player::Close() {
+  if (!open_) return;
+  Silence();
+  Mix_CloseAudio();
+  open_ = false;
 }
 
 void SdlSound::Player::Obey(Order order) {
   Silence();
   wave_ = std::move(order.wave);
-  if (wave_.empty()) return;
+  const auto length = WaveLength(wave_);
+  if (!length || !Open()) return;
   SDL_RWops* source = SDL_RWFromConstMem(wave_.data(), static_cast<int>(wave_.size()));
   chunk_ = source ? Mix_LoadWAV_RW(source, 1) : nullptr;
   if (!chunk_ || Mix_PlayChannel(0, chunk_, order.loop ? -1 : 0) < 0) return;
   playing_ = order.number;
   loop_ = order.loop;
+  due_ = Clock::now() + *length;
   silentSince_ = {};
 }
 
 void SdlSound::Player::Silence() {
   playing_ = 0;
-  Mix_HaltChannel(0);
+  if (open_) Mix_HaltChannel(0);
   if (chunk_) Mix_FreeChunk(chunk_);
   chunk_ = nullptr;
 }
 
 bool SdlSound::Player::StillPlaying() {
   const auto now = Clock::now();
+  usedAt_ = now;
   if (Mix_Playing(0)) {
     silentSince_ = {};
     return true;

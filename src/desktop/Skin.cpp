@@ -19,6 +19,15 @@ namespace {
 /// The contrast of a short caption that the pointer is on: 3, and what thin strokes lose of it.
 constexpr double kLegible = 3.2;
 
+/// To the eye, 0.05 (black) to 1.05.
+double Brightness(const QColor& colour) {
+  const auto linear = [](double part) {
+    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+         0.0722 * linear(colour.blueF()) + 0.05;
+}
+
 struct Face {
   const char* family;
   QFont::Weight weight;
@@ -131,22 +140,24 @@ QColor Mix(const QColor& a, const QColor& b, double share) {
 }
 
 double Contrast(const QColor& a, const QColor& b) {
-  const auto brightness = [](const QColor& colour) {
-    const auto linear = [](double part) {
-      return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF()) + 0.05;
-  };
-  const auto [dark, light] = std::minmax({brightness(a), brightness(b)});
+  const auto [dark, light] = std::minmax({Brightness(a), Brightness(b)});
   return light / dark;
 }
 
-double Dimming(const QColor& caption, const QColor& ground) {
-  if (caption.lightness() < 128) return 0;  // Black only takes from it.
-  double share = 0;
-  while (share < 0.95 && Contrast(caption, Mix(ground, Qt::black, share)) < kLegible) share += 0.05;
-  return share;
+QColor LegibleLight(const QColor& caption, const QColor& ground) {
+  QColor light = Brightness(caption) < Brightness(ground) ? Qt::white : Qt::black;
+  float share = 0;
+  const auto laid = [&] {
+    light.setAlphaF(share);
+    return Lit(ground, light);
+  };
+  while (share < 0.95F && Contrast(caption, laid()) < kLegible) share += 0.05F;
+  return light;
+}
+
+QColor Lit(const QColor& colour, const QColor& light) {
+  return Mix(colour, QColor(light.red(), light.green(), light.blue(), colour.alpha()),
+             light.alphaF());
 }
 
 void ApplySkin(QApplication& application) {

@@ -45,8 +45,12 @@ QColor Mix(const QColor& a, const QColor& b, double share);
 /// How well the one can be told from the other: 1 for not at all to 21 for black from white.
 double Contrast(const QColor& a, const QColor& b);
 
-/// How much black (0 to 1) the ground needs for a caption of that colour to be legible on it.
-double Dimming(const QColor& caption, const QColor& ground);
+/// What has to be laid over the ground for a caption of that colour to be legible on it: black, or
+/// white where the caption is the darker of the two; transparent where it is legible as it stands.
+QColor LegibleLight(const QColor& caption, const QColor& ground);
+
+/// `colour` with the light laid over it.
+QColor Lit(const QColor& colour, const QColor& light);
 
 /// Sets style, palette and font of the whole program once, before the first window.
 void ApplySkin(QApplication& application);

@@ -35,6 +35,8 @@ frmMainMenu::frmMainMenu(Application& app)
 void frmMainMenu::Load() {
   Move(0, 0, 1, 7185);
   Skin.Load();
+  app_.machine.clock.Randomize();
+  for (Label& digits : lblDigits) ShowNumber(digits);
   LoadVideo();
 }
 
@@ -171,6 +173,7 @@ void frmMainMenu::Show(Button& button, TextView title) {
     return ShowOptions();
   }
   screen.Visible = true;
+  Skin.Rest();
   Enabled = false;
 }
 
@@ -191,10 +194,14 @@ void frmMainMenu::ChangeDigits() {
   clock.Randomize();
   for (std::size_t i = 0; i < lblDigits.size(); ++i) {
     if (clock.Random() < 0.5) continue;
-    const long number = std::lround(clock.Random() * 999999 + 1);
-    lblDigits[i].Caption = TextFromUtf8(std::to_string(number));
+    ShowNumber(lblDigits[i]);
     if (i == 0) PlayEffect(app_, u"BackgroundBeep.wav", kPlayUnlessBusy);
   }
+}
+
+void frmMainMenu::ShowNumber(Label& digits) {
+  const long number = std::lround(app_.machine.clock.Random() * 999999 + 1);
+  digits.Caption = TextFromUtf8(std::to_string(number));
 }
 
 void frmMainMenu::Exit() {

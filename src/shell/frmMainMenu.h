@@ -53,6 +53,7 @@ class frmMainMenu : public Form {
   void NameControls();
   void Connect();
   void ChangeDigits();
+  void ShowNumber(Label& digits);  ///< By chance.
 
   /// With the assistant on the process ends when the figure has said good-bye and left.
   void Exit();

@@ -1,6 +1,7 @@
 #include "skin/ScreenSkin.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "state/CommonUtilities.h"
 
@@ -66,6 +67,10 @@ void ScreenSkin::TabChosen() {
       if (label->ForeColour == kBlack) ShowNormal(image, *label);
     }
   }
+}
+
+void ScreenSkin::Rest() {
+  for (const SkinFamily* family : std::exchange(over_, {})) PutOut(*family);
 }
 
 std::optional<Colour> ScreenSkin::EnterRow(TextView array) {

@@ -45,6 +45,9 @@ class ScreenSkin {
   /// A tab was chosen: captions that were set to black stand on their normal pictures again.
   void TabChosen();
 
+  /// The screen goes out of use: nothing stays lit that the pointer may leave unseen.
+  void Rest();
+
   /// The pointer comes onto a row of that array. Gives the colour of its caption, or nothing where
   /// another row is lit.
   std::optional<Colour> EnterRow(TextView array);

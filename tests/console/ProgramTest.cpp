@@ -34,6 +34,14 @@ TEST_F(Program, TakesAndPrintsNamesOfAllScriptsByteByByte) {
   } cases[] = {
       {{"game"}, 0, found + "\noption\n"},
       {{"define", "Nord", "--long-name", odd}, 0, "Ship TGL Definition has been Saved!\n"},
+      {{"define", "Leer", "--long-name=L", "--description=", "--weapons=sa", "--hull", "--tactics="},
+       0,
+       "Ship TGL Definition has been Saved!\n"},
+      {{"tgl", "show", folder.Host("program/ShipTGLs/Leer.TGL")},
+       0,
+       "Leer\tLeer.wav\tL\nQBLeer\tsfx/QuickBattle/Leer.mp3\tL\n"
+       "Leer Description\tLeerDescription.wav\tDescription: \\r\\nWeapons: sa\\r\\n"
+       "Shield Rating: N/A\\r\\nHull Rating: --tactics=\\r\\nTactics: \n"},
       {{"tgl", "hash", odd}, 0, "DEF03089\n"},
       {{"tgl", "hash", "/x"}, 0, "A6E78BF8\n"},
       {{"ships"}, 0, "enabled A Bases\n"},

@@ -75,6 +75,14 @@ double ContrastIn(const QImage& image) {
   return *rank;
 }
 
+double MeanLuminance(const QImage& image) {
+  double sum = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) sum += Luminance(image.pixel(x, y));
+  }
+  return sum / (image.width() * image.height());
+}
+
 struct Writing {
   Text Words;
   QRect Area;  ///< Of its first line, on its control.
@@ -145,11 +153,16 @@ class Contrast : public Desk {
 
   std::string failed_;
   int measured_ = 0;
+  int lit_ = 0;
 
  private:
   void MeasureChildren(const char* screen, const Form& form, const Control& parent) {
     for (const Control* child : parent.Children()) {
       if (child->Usable()) MeasureControl(screen, form, *child);
+      const auto* button = dynamic_cast<const Button*>(child);
+      if (button && button->Usable() && !button->Flat && !button->FocusPicture.Get().empty()) {
+        MeasureLight(screen, form, *button);
+      }
       MeasureChildren(screen, form, *child);
     }
   }
@@ -171,6 +184,22 @@ class Contrast : public Desk {
     QCursor::setPos(window->mapToGlobal(area.center()));
     Turn(25);
     judge("under the pointer", kUnderPointer);
+    Rest(form);
+  }
+
+  /// What the pointer lights is brighter than at rest.
+  void MeasureLight(const char* screen, const Form& form, const Button& button) {
+    QWidget* window = WindowOf(TopOf(form));
+    const QRect area(Corner(form, button), PixelRect(button).size());
+    if (!window || !window->rect().contains(area)) return;
+    ++lit_;
+    const double before = MeanLuminance(window->grab(area).toImage());
+    QCursor::setPos(window->mapToGlobal(area.center()));
+    Turn(25);
+    if (MeanLuminance(window->grab(area).toImage()) <= before) {
+      failed_ += std::string(screen) + ": \"" + ToQt(button.Caption).toStdString() +
+                 "\" isn't brighter under the pointer\n";
+    }
     Rest(form);
   }
 
@@ -257,6 +286,7 @@ TEST_F(Contrast, AllThatIsWrittenCanBeReadAtRestAndUnderThePointer) {
   unrolled("The options", machine.app.Screen<frmOptions>());
   EXPECT_EQ(failed_, "");
   EXPECT_GT(measured_, 120);
+  EXPECT_GT(lit_, 30);
 }
 
 }  // namespace

@@ -1,10 +1,13 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QListView>
 #include <QScrollBar>
+#include <QWindow>
 
 #include "Desk.h"
+#include "desktop/DirListBoxView.h"
 #include "desktop/Skin.h"
 
 namespace tarvo::test {
@@ -95,6 +98,55 @@ TEST_F(Controls, EscapeGoesToADropDownThatIsOpenBeforeTheForm) {
     Turn(30);
     Key("Escape");
     EXPECT_EQ(left, ++expected);
+  }
+}
+
+TEST_F(Controls, AStrokeIsNoRepetitionWhereTheSystemMissedThatTheKeyWasLetGo) {
+  WorkForm& form = ShowWork();
+  int pressed = 0;
+  form.CancelButton = &form.stop;
+  form.stop.OnClick = [&] { ++pressed; };
+  const auto press = [&](int key, bool repetition) {
+    QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, {}, repetition);
+    QCoreApplication::sendEvent(WindowOf(form)->windowHandle(), &event);
+    return pressed;
+  };
+  EXPECT_EQ(press(Qt::Key_Escape, false), 1);
+  EXPECT_EQ(press(Qt::Key_Escape, true), 1) << "held";
+  press(Qt::Key_Tab, false);
+  EXPECT_EQ(press(Qt::Key_Escape, true), 2) << "another key came between";
+  Turn(1600);
+  EXPECT_EQ(press(Qt::Key_Escape, true), 3) << "no key is repeated that late";
+}
+
+TEST_F(Controls, ADeepFolderIsIndentedAndTheFirstRowInSightIsWhole) {
+  Text path = u"Z:\\games";
+  for (const char16_t* name : {u"a", u"b", u"c", u"d", u"e", u"f", u"g", u"h"}) {
+    path += u"\\" + Text(name);
+    files_.PutFolder(path);
+  }
+  WorkForm& form = ShowWork();
+  form.folders.Width = 2100;
+  form.folders.Height = 2110;
+  form.folders.SetPath(path);
+  Turn(60);
+  QListView* list = nullptr;
+  for (auto* each : WindowOf(form)->findChildren<QListView*>()) {
+    if (dynamic_cast<FolderRows*>(each->model())) list = each;
+  }
+  ASSERT_TRUE(list);
+  const QModelIndex first = list->indexAt({2, 2});
+  EXPECT_GT(first.row(), 0);
+  EXPECT_EQ(list->visualRect(first).top(), 0);
+
+  const QImage shown = list->viewport()->grab().toImage();
+  int before = 0;
+  for (int row = first.row(); row < form.folders.ListIndex(); ++row) {
+    const int middle = list->visualRect(first.siblingAtRow(row)).center().y();
+    int mark = 0;
+    while (mark < shown.width() && shown.pixelColor(mark, middle).lightness() < 60) ++mark;
+    EXPECT_GT(mark, before) << row;
+    before = mark;
   }
 }
 

@@ -71,6 +71,29 @@ TEST_F(SkinFiles, AStretchedPictureKeepsItsEndsToThePixel) {
   EXPECT_EQ(small.pixelColor(4, 6), QColor(Qt::black));
 }
 
+TEST_F(SkinFiles, WhereItsPartsMeetAPictureHasNoSeamAtAnyDensity) {
+  QImage plain(96, 24, QImage::Format_RGB32);
+  plain.fill(Qt::yellow);
+  const QString name = Put("plain.bmp", plain);
+  for (const PictureFit fit : {PictureFit::Across, PictureFit::Down, PictureFit::Stretched}) {
+    for (const double density : {1.25, 1.5, 1.75}) {
+      QImage screen(300, 300, QImage::Format_RGB32);
+      screen.setDevicePixelRatio(density);
+      screen.fill(Qt::black);
+      QPainter painter(&screen);
+      painter.setRenderHint(QPainter::Antialiasing);
+      DrawPicture(painter, {3, 5, 101, 103}, name, fit);
+      painter.end();
+      int mixed = 0;
+      for (int at = 0; at < 300 * 300; ++at) {
+        const QRgb colour = screen.pixel(at % 300, at / 300);
+        mixed += colour != QColor(Qt::black).rgb() && colour != QColor(Qt::yellow).rgb();
+      }
+      EXPECT_EQ(mixed, 0) << density;
+    }
+  }
+}
+
 TEST_F(SkinFiles, WithoutItsPictureAButtonIsABar) {
   QFile broken(folder_.filePath("broken.bmp"));
   ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
@@ -110,6 +133,11 @@ TEST_F(SkinFiles, ControlsHearOfThePointerWhereTheyListen) {
   EXPECT_EQ(onForm, 0) << "what lies behind doesn't hear of it";
   moveTo(middle + QPoint(0, 20));
   EXPECT_GT(onForm, 0) << "free ground";
+  moveTo(Middle(form.types));
+  onButton = onForm = 0;
+  moveTo(Middle(form.stop));
+  EXPECT_GT(onForm, 0) << "ground that a quick pointer has crossed";
+  EXPECT_EQ(onButton, 0) << "passed by";
   form.go.Enabled = false;
   Turn(50);
   onButton = 0;

@@ -125,6 +125,25 @@ TEST_F(SoundServer, ALoopGoesOnUntilTheNextSound) {
   EXPECT_NEAR(heard.high, 400, 60);
 }
 
+/// What plays on the server now, if silently.
+std::string AtWork() {
+  QProcess list;
+  list.start("pactl", {"list", "short", "sink-inputs"});
+  list.waitForFinished();
+  return list.readAllStandardOutput().toStdString();
+}
+
+TEST_F(SoundServer, TheDeviceRestsWhenNothingPlays) {
+  sound_->Play(u"half", kPlay);
+  std::this_thread::sleep_for(200ms);
+  EXPECT_NE(AtWork(), "");
+  std::this_thread::sleep_for(1800ms);
+  EXPECT_EQ(AtWork(), "");
+  Recorder recorder;
+  EXPECT_GE(Took(u"high", kPlayToEnd), 380ms);
+  EXPECT_NEAR(recorder.Stop().high, 400, 60);
+}
+
 TEST_F(SoundServer, WhatCantBePlayedEndsTheSoundBeforeIt) {
   for (const char16_t* file : {u"Z:\\missing", u"Z:\\broken"}) {
     Recorder recorder;

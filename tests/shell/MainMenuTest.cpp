@@ -93,13 +93,13 @@ TEST_F(MainMenu, StandsSwitchedOffBehindTheOneOpenScreen) {
   EXPECT_EQ(machine.app.screens.Find<frmPackager>()->PackageList, u"");
 }
 
-TEST_F(MainMenu, AboutHalfOfTheNumbersChangeAtATick) {
+TEST_F(MainMenu, AllNumbersStandFromTheStartAndAboutHalfOfThemChangeAtATick) {
   machine.clock.Numbers = {0.5, 0.0, 0.49, 0.9, 0.9999999, 0.1, 0.2, 0.7, 0.25};
   machine.sound.Orders.clear();
   menu.Digits_Timer.Tick();
-  const TextView expected[] = {u"1", u"", u"1000000", u"", u"", u"250001", u""};
+  const TextView expected[] = {u"1", u"1", u"1000000", u"1", u"1", u"250001", u"1"};
   for (std::size_t i = 0; i < 7; ++i) EXPECT_EQ(menu.lblDigits[i].Caption.Get(), expected[i]) << i;
-  EXPECT_EQ(machine.clock.Randomized, 1);
+  EXPECT_EQ(machine.clock.Randomized, 2);
   ASSERT_EQ(machine.sound.Orders.size(), 1u);
   EXPECT_EQ(machine.sound.Orders[0].Flags, kPlayUnlessBusy);
 }

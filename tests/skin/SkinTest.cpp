@@ -145,6 +145,13 @@ TEST_F(Skin, OnTheMainMenuTheColourComesWithThePictureOnly) {
   EXPECT_EQ(menu.lblExit.ForeColour.Get(), kBlack);
   menu.imgMenuBorders.MoveMouse();
   EXPECT_EQ(menu.lblHelp.ForeColour.Get(), kBlack);
+
+  // The pointer leaves a button unseen while its screen is open.
+  menu.lblPackager.MoveMouse();
+  menu.lblPackager.Press();
+  machine.app.Screen<frmPackager>().lblExit.Press();
+  EXPECT_EQ(menu.lblPackager.Picture.Get(), File(u"ButtonMenu.bmp"));
+  EXPECT_EQ(menu.lblPackager.ForeColour.Get(), kBlack);
 }
 
 TEST_F(Skin, TheChosenTabKeepsItsColourUntilAnotherIsChosen) {

@@ -17,11 +17,7 @@ const QColor kViolet = ToQt(palette::kViolet);
 const QColor kBlue = ToQt(palette::kBlue);
 
 const QColor kInk(26, 12, 36);        ///< Signs on bright ground.
-const QColor kNight(10, 8, 12);       ///< Under grey captions.
-const QColor kDeepBlue(44, 44, 150);  ///< Under white captions.
-const QColor kDeepViolet(96, 38, 112);
 const QColor kQuietBlue(28, 28, 58);  ///< Under captions in peach.
-const QColor kQuietViolet(40, 26, 46);
 const QColor kQuietRail = Mix(kViolet, Qt::black, 0.4);
 
 /// Captions on the open tab and on the rows of the tree may be black or white: these grounds lie
@@ -30,14 +26,23 @@ const QColor kDeepOrange(186, 93, 8);
 const QColor kRowViolet(172, 104, 190);
 const QColor kRowBlue(106, 110, 220);
 
+/// What is lit is brighter than at rest. Where its caption turns white, both grounds lie between
+/// black and white; a grey caption stands on a ground that is nearly white.
+const QColor kTabViolet(160, 96, 180);
+const QColor kLitViolet(188, 112, 208);
+const QColor kLitBlue(120, 130, 255);
+const QColor kLitPeach(255, 232, 204);
+const QColor kPaleViolet = Mix(kViolet, Qt::white, 0.5);
+const QColor kPaleBlue = Mix(kBlue, Qt::white, 0.5);
+
 const std::vector<SkinPicture>& Table() {
   static const std::vector<SkinPicture> table{
       {"ButtonMenu", 96, 24, Pill(kOrange)},
-      {"ButtonMenu_Over", 96, 24, OpenPill(kOrange, kNight, 5)},
-      {"ButtonBlue", 110, 23, Pill(kBlue)},
-      {"ButtonBlue_Over", 110, 23, OpenPill(kBlue, kDeepBlue, 4)},
-      {"ButtonTab", 95, 23, Tab(kViolet)},
-      {"ButtonTab_Over", 95, 23, OpenTab(kViolet, kDeepViolet)},
+      {"ButtonMenu_Over", 96, 24, LitPill(kLitPeach, kOrange)},
+      {"ButtonBlue", 110, 23, Pill(kRowBlue)},
+      {"ButtonBlue_Over", 110, 23, LitPill(kLitBlue, kPaleBlue)},
+      {"ButtonTab", 95, 23, Tab(kTabViolet)},
+      {"ButtonTab_Over", 95, 23, LitTab(kLitViolet, kPaleViolet)},
       {"ButtonSelected", 95, 30, ChosenTab(kDeepOrange)},
       {"TabBorder", 460, 8, TabLine(kDeepOrange, kPeach)},
       {"LabelBlue", 80, 18, Heading(kBlue, kQuietBlue)},
@@ -46,13 +51,13 @@ const std::vector<SkinPicture>& Table() {
       {"BorderRight", 12, 200, Bracket(Side::Right, kQuietRail)},
       {"Commands", 460, 34, CommandRow(kQuietRail)},
       {"ArrowL", 24, 24, Arrow(Left, kPeach, kInk)},
-      {"ArrowL_Over", 24, 24, OpenArrow(Left, kPeach, kQuietViolet)},
+      {"ArrowL_Over", 24, 24, LitArrow(Left, kLitPeach, kOrange, kInk)},
       {"ArrowR", 24, 24, Arrow(Right, kPeach, kInk)},
-      {"ArrowR_Over", 24, 24, OpenArrow(Right, kPeach, kQuietViolet)},
+      {"ArrowR_Over", 24, 24, LitArrow(Right, kLitPeach, kOrange, kInk)},
       {"ArrowU", 24, 24, Arrow(Up, kPeach, kInk)},
-      {"ArrowU_Over", 24, 24, OpenArrow(Up, kPeach, kQuietViolet)},
+      {"ArrowU_Over", 24, 24, LitArrow(Up, kLitPeach, kOrange, kInk)},
       {"ArrowD", 24, 24, Arrow(Down, kPeach, kInk)},
-      {"ArrowD_Over", 24, 24, OpenArrow(Down, kPeach, kQuietViolet)},
+      {"ArrowD_Over", 24, 24, LitArrow(Down, kLitPeach, kOrange, kInk)},
       {"QBMenu", 150, 18, Row(kRowViolet, Sign::Closed, kInk)},
       {"QBMenu_Open", 150, 18, Row(kDeepOrange, Sign::Open, kInk)},
       {"QBShip", 147, 18, Row(kRowBlue, Sign::Dot, kInk)},

@@ -115,12 +115,11 @@ Drawing Pill(const QColor& colour) {
   };
 }
 
-Drawing OpenPill(const QColor& colour, const QColor& ground, double end) {
+Drawing LitPill(const QColor& colour, const QColor& rim) {
   return [=](QPainter& painter, const QRectF& area) {
-    FillRounded(painter, area, Ends(area), colour);
-    const QRectF inside = area.adjusted(end, kRim, -end, -kRim);
-    painter.setBrush(ground);
-    painter.drawRoundedRect(inside, area.height() / 2 - end, inside.height() / 2);
+    FillRounded(painter, area, Ends(area), rim);
+    const QRectF inside = area.adjusted(kRim, kRim, -kRim, -kRim);
+    FillRounded(painter, inside, Ends(inside), colour);
   };
 }
 
@@ -136,10 +135,10 @@ Drawing ChosenTab(const QColor& colour) {
   };
 }
 
-Drawing OpenTab(const QColor& colour, const QColor& ground) {
+Drawing LitTab(const QColor& colour, const QColor& rim) {
   return [=](QPainter& painter, const QRectF& area) {
-    FillRounded(painter, area, Tops(kTabRadius), colour);
-    FillRounded(painter, area.adjusted(4, kRim, -4, -kRim), Tops(kTabRadius - kRim), ground);
+    FillRounded(painter, area, Tops(kTabRadius), rim);
+    FillRounded(painter, area.adjusted(kRim, kRim, -kRim, 0), Tops(kTabRadius - kRim), colour);
   };
 }
 
@@ -150,12 +149,10 @@ Drawing Arrow(Button::Arrow arrow, const QColor& disc, const QColor& sign) {
   };
 }
 
-Drawing OpenArrow(Button::Arrow arrow, const QColor& colour, const QColor& ground) {
+Drawing LitArrow(Button::Arrow arrow, const QColor& disc, const QColor& rim, const QColor& sign) {
   return [=](QPainter& painter, const QRectF& area) {
-    FillRounded(painter, area, Ends(area), colour);
-    const QRectF inside = area.adjusted(kRim, kRim, -kRim, -kRim);
-    FillRounded(painter, inside, Ends(inside), ground);
-    DrawArrow(painter, arrow, area.center(), colour);
+    LitPill(disc, rim)(painter, area);
+    DrawArrow(painter, arrow, area.center(), sign);
   };
 }
 

@@ -14,15 +14,14 @@ namespace tarvo::art {
 using Drawing = std::function<void(QPainter& painter, const QRectF& area)>;
 
 /// Buttons and rows. From left to right each is uniform between ends half as long as it is high, so
-/// that it can be stretched there. One with a ground is open: dark, with a rim and ends in the
-/// colour.
+/// that it can be stretched there. A lit one is brighter, and has a rim of another colour.
 Drawing Pill(const QColor& colour);
-Drawing OpenPill(const QColor& colour, const QColor& ground, double end);
+Drawing LitPill(const QColor& colour, const QColor& rim);
 Drawing Tab(const QColor& colour);
-Drawing OpenTab(const QColor& colour, const QColor& ground);
+Drawing LitTab(const QColor& colour, const QColor& rim);
 Drawing ChosenTab(const QColor& colour);  ///< Flat: its caption may be black or white.
 Drawing Arrow(Button::Arrow arrow, const QColor& disc, const QColor& sign);
-Drawing OpenArrow(Button::Arrow arrow, const QColor& colour, const QColor& ground);
+Drawing LitArrow(Button::Arrow arrow, const QColor& disc, const QColor& rim, const QColor& sign);
 enum class Sign { Closed, Open, Dot };
 Drawing Row(const QColor& colour, Sign sign, const QColor& ink);
 Drawing LitRow(const QColor& colour, const QColor& rim);

@@ -30,6 +30,7 @@ constexpr double kNormal = 0.08;
 constexpr double kStrong = 0.11;
 constexpr double kSmall = 0.022;
 constexpr double kFaint = 0.016;
+constexpr double kGround = 0.005;  ///< What comes by itself, again and again.
 
 }  // namespace
 
@@ -38,7 +39,7 @@ std::vector<Score> Scores() {
       // A touch, which falls a fourth.
       {"Click.wav", 55, kSmall, {{0, 52, 3, kD6, kA5, 1, kAir}}},
       {"OverBeep.wav", 60, kFaint, {{0, 58, 12, kA5, kA5, 1, kAir}}},
-      {"BackgroundBeep.wav", 120, kFaint, {{0, 116, 16, kD5, kD5, 1, kAir}}},
+      {"BackgroundBeep.wav", 120, kGround, {{0, 116, 16, kD5, kD5, 1, kAir}}},
       {"TabBeep.wav",
        150,
        kNormal * 0.7,
