@@ -31,6 +31,12 @@ class ComboBox : public Control {
   /// The user picks a row: its text comes into the line, and OnClick, not OnChange, is raised.
   void Pick(std::size_t row);
 
+  /// The user opens the list. Does nothing while it is not usable.
+  void DropDown() {
+    if (Usable()) Raise(OnDropDown);
+  }
+
+  std::function<void()> OnDropDown;
   std::function<void()> OnChange;
   std::function<void()> OnClick;
 

@@ -98,6 +98,19 @@ class Control {
   /// What a screen reader calls the control where no caption says it.
   Property<Text> AccessibleName{*this, {}};
 
+  /// The tooltip, which screen readers tell behind the name.
+  Property<Text> Hint{*this, {}};
+
+  /// What the user has put into the field won't do as it stands: the view draws a mark, and Hint
+  /// says why.
+  Property<bool> Marked{*this, false};
+
+  /// Marks the field for that reason; an empty one takes the mark away.
+  void Mark(Text why) {
+    Marked = !why.empty();
+    Hint = std::move(why);
+  }
+
   void Move(int left, int top, int width, int height);
 
   /// The pointer has come onto the control, or moves on it. To be set before a view is made; where

@@ -1,8 +1,11 @@
 #include "desktop/View.h"
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QPalette>
 
 #include "controls/Palette.h"
+#include "desktop/MessageIcons.h"
 #include "desktop/PointerWatch.h"
 #include "desktop/Skin.h"
 
@@ -14,11 +17,36 @@ void View::ApplyCommon() {
   face.setGeometry(PixelRect(*control_));
   const QFont font = ToQt(control_->Font);
   if (face.font() != font) face.setFont(font);
-  const QString name = ToQt(control_->AccessibleName);
-  if (face.accessibleName() != name) face.setAccessibleName(name);
+  ApplyNameAndHint();
   face.setEnabled(control_->Enabled);
   face.setVisible(control_->Visible);
   face.update();
+}
+
+/// Qt would describe the widget by its tooltip, tags and all.
+void View::ApplyNameAndHint() {
+  QWidget& face = *widget_;
+  const QString hint = ToQt(control_->Hint);
+  QString name = ToQt(control_->AccessibleName);
+  if (!hint.isEmpty()) {
+    const auto* button = qobject_cast<QAbstractButton*>(&face);
+    if (name.isEmpty() && button) name = button->text().remove(QLatin1Char('&'));
+    name += QLatin1String(": ") + hint;
+  }
+  if (face.accessibleName() != name) face.setAccessibleName(name);
+  if (hint == hint_) return;
+  hint_ = hint;
+  face.setToolTip(hint.isEmpty() ? hint : QStringLiteral("<p>%1</p>").arg(hint.toHtmlEscaped()));
+  face.setAccessibleDescription(hint.isEmpty()     ? QString()
+                                : control_->Marked ? QStringLiteral("Marked field")
+                                                   : QStringLiteral("Hint"));
+}
+
+void View::ApplyMark(QLineEdit& line) {
+  if (control_->Marked && !mark_) {
+    mark_ = line.addAction(MessageIcon(MessageSign::Exclamation), QLineEdit::TrailingPosition);
+  }
+  if (mark_) mark_->setVisible(control_->Marked);
 }
 
 void View::WatchPointer(QWidget& widget) {

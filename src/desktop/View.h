@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLineEdit>
 #include <QPointer>
 #include <QWidget>
 
@@ -37,8 +38,11 @@ class View {
   bool Live() const { return live_; }
 
  protected:
-  /// Place, visibility, use, font and accessible name.
+  /// Place, visibility, use, font, accessible name and hint.
   void ApplyCommon();
+
+  /// The mark of a field, at the end of its line.
+  void ApplyMark(QLineEdit& line);
 
   /// Tells the model of the pointer over `widget`, where the model listens.
   void WatchPointer(QWidget& widget);
@@ -47,8 +51,12 @@ class View {
   void ApplyFieldColours();
 
  private:
+  void ApplyNameAndHint();
+
   Control* control_;
   QPointer<QWidget> widget_;
+  QAction* mark_ = nullptr;
+  QString hint_;
   bool live_ = true;
   bool watched_ = false;
 };
