@@ -56,13 +56,16 @@ void PacDialogue::PacMsg(TextView text, Title title) {
   }
 }
 
+bool PacDialogue::PacLeavesOut(TextView text) const {
+  const auto* helper = app_.screens.Find<frmPac_Helper>();
+  return app_.State.PacHelper && helper && text == helper->lblPac_Label.Caption.Get();
+}
+
 Text PacDialogue::PacInput(TextView text, Title title) {
-  if (app_.State.PacHelper) {
-    const auto* helper = app_.screens.Find<frmPac_Helper>();
-    if (helper && text == helper->lblPac_Label.Caption.Get()) {
-      app_.shell->ShowStatus(u"Not asked twice in a row, and taken as refused: " + Text(text));
-      return {};
-    }
+  if (PacLeavesOut(text)) {
+    PacSetButtons({}, {});
+    app_.shell->ShowStatus(u"Not asked twice in a row, and taken as refused: " + Text(text));
+    return {};
   }
   Announce(text, title);
   auto& dialog = app_.Screen<frmPac_InputBox>();

@@ -16,6 +16,7 @@ class PacDialogue : public Dialogue {
 
   void PacMsg(TextView text, Title title) override;
   Text PacInput(TextView text, Title title) override;
+  bool PacLeavesOut(TextView text) const override;
   Text PacAskText(TextView text, Title title) override;
   void PacSetButtons(TextView yesCaption, TextView noCaption) override;
   void PacStart() override;

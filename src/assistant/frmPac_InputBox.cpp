@@ -108,7 +108,6 @@ void frmPac_InputBox::Load() {
   Width = 0;
   Rename(cmdYes, app_.State.PacButtonCaptions[0]);
   Rename(cmdNo, app_.State.PacButtonCaptions[1]);
-  renamed_ = !app_.State.PacButtonCaptions[1].empty();
 }
 
 void frmPac_InputBox::StandOverMain() {
@@ -166,9 +165,8 @@ void frmPac_InputBox::LayOutQuestion(TextView question, Title title) {
     cmdAll.Visible = true;
   }
   ShowWords(question, lblInput.Height);
-  // A key that is hit by mistake is not to delete anything. Between two captions of the caller's
-  // own there is no telling.
-  first_ = renamed_ ? &cmdYes : &cmdNo;
+  // A key that is hit by mistake is not to delete anything, whatever the captions are.
+  first_ = &cmdNo;
   if (first_->Enabled) first_->SetFocus();
 }
 

@@ -52,7 +52,6 @@ class frmPac_InputBox : public Form {
   Application& app_;
   float TargetWidth_ = 0;    ///< The width that the dialog opens to.
   Button* first_ = nullptr;  ///< What the keyboard is on first; nothing for the text page.
-  bool renamed_ = false;     ///< The buttons of the question have captions of the caller's own.
   bool hangs_ = false;       ///< Below the assistant's window.
   int helperGrowth_ = 0;     ///< What that window has grown by.
 };

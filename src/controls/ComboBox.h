@@ -35,6 +35,12 @@ class ComboBox : public Control {
   /// raised.
   void Pick(std::size_t row);
 
+  /// The user opens the list. Does nothing while it is not usable.
+  void DropDown() {
+    if (Usable()) Raise(OnDropDown);
+  }
+
+  std::function<void()> OnDropDown;
   std::function<void()> OnChange;
   std::function<void()> OnClick;
 

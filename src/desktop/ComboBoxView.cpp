@@ -35,6 +35,11 @@ bool DropDown::eventFilter(QObject* watched, QEvent* event) {
   return QComboBox::eventFilter(watched, event);
 }
 
+void DropDown::showPopup() {
+  if (OnOpening) OnOpening();
+  QComboBox::showPopup();
+}
+
 void DropDown::SetItems(const QStringList& items) {
   const auto same = [&] {
     if (items.size() != count()) return false;
@@ -57,6 +62,11 @@ ComboBoxView::ComboBoxView(ComboBox& model, QWidget* parent) : ViewOf(model, new
   QObject::disconnect(&line, &QLineEdit::editingFinished, &face_, nullptr);
   QObject::disconnect(&line, &QLineEdit::returnPressed, &face_, nullptr);
 
+  face_.OnOpening = [this] {
+    if (!Live()) return;
+    model_.DropDown();
+    Apply();
+  };
   QObject::connect(&line, &QLineEdit::textEdited, &face_, [this](const QString& text) {
     if (Live()) model_.SetText(FromQt(text));
   });

@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QWheelEvent>
+#include <functional>
 
 #include "controls/ComboBox.h"
 #include "controls/DriveListBox.h"
@@ -21,6 +22,10 @@ class DropDown : public QComboBox {
 
   /// Makes the list read `items`, and leaves no row picked.
   void SetItems(const QStringList& items);
+
+  /// Hears of the list before it opens.
+  std::function<void()> OnOpening;
+  void showPopup() override;
 
  protected:
   void wheelEvent(QWheelEvent* event) override { event->ignore(); }

@@ -90,9 +90,10 @@ bool frmGameTools::MakeShipScript(const Text& ship) {
   dialogue.PacMsg(file + u" file does not exist for this Ship Name!", Title::Warning);
   dialogue.PacMsg(u"If ALL Required files exist you can Create one!", Title::Warning);
   PlayEffect(app_, u"Question.wav", kPlay);
-  if (dialogue.PacInput(u"Would you like to Attempt to Create one???", Title::Question) == u"No") {
-    return false;
-  }
+  const Text answer = dialogue.PacInputInAnyCase(
+      u"Would you like to Attempt to Create one???",
+      u"Would you like to Attempt to Create " + file + u"???", Title::Question);
+  if (answer == u"No") return false;
   bool stands = false;
   if (!NotingFailures(app_, [&] { stands = app_.machine.files.FileExists(path); })) return false;
   if (stands) {

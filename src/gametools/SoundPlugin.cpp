@@ -53,7 +53,9 @@ void frmGameTools::AddSoundEntry() {
   if (isPhaser) {
     app_.dialogue.PacSetButtons(u"Start", u"Loop");
     PlayEffect(app_, u"Question.wav", kPlay);
-    const Text answer = app_.dialogue.PacInput(u"Choose Phaser Sound Type...", Title::Question);
+    const Text answer = app_.dialogue.PacInputInAnyCase(
+        u"Choose Phaser Sound Type...", u"Choose Phaser Sound Type of " + sound + u"...",
+        Title::Question);
     sound += answer == u"Yes" ? u" Start" : u" Loop";
   }
   lstSoundInfo.BringIntoSight(

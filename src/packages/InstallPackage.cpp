@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <set>
 
 #include "packages/PackageFormat.h"
@@ -14,6 +15,7 @@
 #include "state/Shell.h"
 #include "text/FileNames.h"
 #include "text/LetterCase.h"
+#include "text/Lines.h"
 #include "text/Paths.h"
 
 namespace tarvo {
@@ -37,10 +39,8 @@ class frmPackager::Installation {
   /// Reads the package through, driving the bar. Raises an error, with nothing written, for a
   /// package that is malformed or holds an unsafe entry.
   void Read() {
-    if (app_.State.GamePath.empty()) throw RaisedError(u"Package", u"no game's folder is known");
     const tarvo::PackageList list = ReadPackageList(*package_);
     ReadProgress progress(app_, package_->Size());
-    screen_.PackageList = list.List;
     entries_ = EntriesOf(list.List);
     for (const Text& entry : entries_) {
       if (const auto reason = UnsafeReason(entry)) {
@@ -49,41 +49,88 @@ class frmPackager::Installation {
     }
     bodies_ = FindBodies(*package_, list.BodiesStart, entries_.size(), app_.State.ReadChunkSize,
                          [&] { progress.Advance(); });
+    isWritten_.resize(entries_.size());
   }
 
-  void Write(const Text& package) {
+  /// A body that holds the marker was cut there, and all behind it get wrong bytes. Where no body
+  /// shows it, what stands behind the last one does.
+  void WarnOfCutFiles() {
+    const auto cut = std::ranges::find_if(
+        bodies_, [&](const PackageBody& body) { return !IsFramed(*package_, body); });
+    const bool isKnown = cut != bodies_.end();
+    if (!isKnown && !HoldsMarker(*package_, SectionEnd(bodies_.back()))) return;
+    const std::vector<Text> wrong(entries_.begin() + (isKnown ? cut - bodies_.begin() : 0),
+                                  entries_.end());
+    const Text whose =
+        isKnown ? wrong.front() + u" holds" : Text(u"One of its Files seems to hold");
+    app_.dialogue.PacMsg(whose +
+                             u" the Text that ends a File in a Tarvo!!!  It is cut there, and "
+                             u"those behind it get wrong Bytes.  These are not to be trusted:\n" +
+                             FirstLines(wrong),
+                         Title::Warning);
+  }
+
+  /// False, and told, when a full disk has ended it.
+  bool Write(const Text& package) {
     const Text note = BeginWork(app_, WorkKind::Install, package);
-    for (std::size_t i = 0; i < entries_.size(); ++i) {
-      if (IsTGLEntry(entries_[i])) {
-        InstallShipTGL(entries_[i], bodies_[i]);
-      } else {
-        InstallGameFile(entries_[i], bodies_[i]);
-      }
-    }
+    TellingTogether(app_, [&] { WriteFiles(); });
+    if (isFull_) return TellOfFullDisk();
     app_.shell->ShowStatus(u"Bringing all Files to the Disk...");
     EndWork(app_, note);
     app_.shell->ShowStatus(u"All Files are on the Disk.");
     ShowFailures(app_);
+    return true;
   }
 
  private:
+  void WriteFiles() {
+    for (; done_ < entries_.size() && !isFull_; ++done_) {
+      const std::size_t failures = app_.Failures.size();
+      if (IsTGLEntry(entries_[done_])) {
+        InstallShipTGL(entries_[done_], bodies_[done_]);
+      } else {
+        InstallGameFile(entries_[done_], bodies_[done_]);
+      }
+      isFull_ = app_.Failures.size() > failures && IsDiskFull(app_);
+    }
+  }
+
+  bool TellOfFullDisk() {
+    std::vector<Text> written, left;
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+      (isWritten_[i] ? written : left).push_back(entries_[i]);
+    }
+    Text words = u"The Disk is full!!!  The Installation ends here.";
+    if (!written.empty()) words += u"\n\nThese Files have been written:\n" + FirstLines(written);
+    if (!left.empty()) words += u"\n\nThese Files have not:\n" + FirstLines(left);
+    app_.dialogue.PacMsg(words, Title::Critical);
+    return false;
+  }
+
   /// A ship's definition: it goes to the other definitions, and into the game. A database of the
-  /// program folder that is no ship's definition isn't replaced without a question.
+  /// program folder that is no ship's definition is asked about by itself, whatever was answered
+  /// before.
   void InstallShipTGL(const Text& entry, const PackageBody& body) {
-    const bool isDefinition = FoldCase(entry).starts_with(u"\\shiptgls\\");
-    if (!isDefinition && !MayWrite(entry)) return;
-    if (!WriteBody(screen_.RootedPath(entry), body)) return;
+    Text answer;
+    if (!IsDefinition(entry) && !MayReplace(entry, Title::Question, answer)) return;
+    if (!WriteBody(entry, body)) return;
     UpdateGameTGL(app_, ShipOfTGLEntry(entry));
+  }
+
+  static bool IsDefinition(const Text& entry) {
+    constexpr TextView kFolder = u"\\shiptgls\\";
+    return FoldCase(entry).starts_with(kFolder) && entry.rfind(u'\\') + 1 == kFolder.size();
   }
 
   void InstallGameFile(const Text& entry, const PackageBody& body) {
     CreateGameFolders(entry);
-    if (MayWrite(entry)) WriteBody(screen_.RootedPath(entry), body);
+    if (overwriteAnswer_ == u"All" || MayReplace(entry, Title::Warning, overwriteAnswer_)) {
+      WriteBody(entry, body);
+    }
   }
 
   /// Asks the user before a file is replaced. One that can't be looked at isn't written, and told.
-  bool MayWrite(const Text& entry) {
-    if (overwriteAnswer_ == u"All") return true;
+  bool MayReplace(const Text& entry, Title title, Text& answer) {
     const Text path = screen_.RootedPath(entry);
     try {
       if (!files_.FileExists(path)) return true;
@@ -91,10 +138,11 @@ class frmPackager::Installation {
       TellCantWrite(app_, path, error);
       return false;
     }
-    overwriteAnswer_ = app_.dialogue.PacInput(
-        u"File " + BareName(entry) + u" already exists!!!  Would you like to Overwrite???",
-        Title::Warning);
-    return overwriteAnswer_ == u"Yes" || overwriteAnswer_ == u"All";
+    const auto question = [](const Text& file) {
+      return u"File " + file + u" already exists!!!  Would you like to Overwrite???";
+    };
+    answer = app_.dialogue.PacInputInAnyCase(question(BareName(entry)), question(entry), title);
+    return answer == u"Yes" || answer == u"All";
   }
 
   /// Makes the folders in front of the entry's last part; one that is there already stays.
@@ -109,7 +157,9 @@ class frmPackager::Installation {
 
   /// Does for a piece of the package what WriteFileText does for a text, but that the disk is
   /// waited for at the end of all.
-  bool WriteBody(const Text& path, const PackageBody& body) {
+  bool WriteBody(const Text& entry, const PackageBody& body) {
+    const Text path = screen_.RootedPath(entry);
+    isWritten_[done_] = true;
     if (body.Length == 0) return true;
     try {
       const auto file = files_.Replace(path, NewFile::Later);
@@ -119,6 +169,7 @@ class frmPackager::Installation {
       file->Commit();
       return true;
     } catch (const PlatformError& error) {
+      isWritten_[done_] = false;
       TellCantWrite(app_, path, error);
       return false;
     }
@@ -130,6 +181,9 @@ class frmPackager::Installation {
   std::unique_ptr<FileReader> package_;
   std::vector<Text> entries_;
   std::vector<PackageBody> bodies_;
+  std::vector<bool> isWritten_;
+  std::size_t done_ = 0;  ///< Entries that have had their turn.
+  bool isFull_ = false;   ///< The disk is.
   std::set<Text> made_;
   Text overwriteAnswer_;
 };
@@ -154,6 +208,7 @@ void frmPackager::InstallPackage() {
   PlayEffect(app_, u"Scroll.wav", kPlayLoop);
   ShowProgress(PackagePath());
   app_.State.ReadChunkSize = kInstallChunk;
+  unpacked_ = cboFileName.Text();
   const bool installed = RunInstallation();
   fraProgress.Visible = false;
   if (installed) {
@@ -168,21 +223,35 @@ void frmPackager::InstallPackage() {
 /// False, with the reason noted, when the package is refused or can't be read.
 bool frmPackager::RunInstallation() {
   std::optional<Installation> run;
-  const bool read = NotingFailures(app_, [&] {
-    run.emplace(*this, PackagePath());
-    run->Read();
+  const bool hasGame = NotingFailures(app_, [&] {
+    if (app_.State.GamePath.empty()) throw RaisedError(u"Package", u"no game's folder is known");
   });
+  const Text package = BareName(PackagePath());
+  const bool read = hasGame && NotingFailures(app_, package, [&] {
+                      run.emplace(*this, PackagePath());
+                      run->Read();
+                    });
   PlayEffect(app_, u"BackgroundBeep.wav", kPlay);
-  return read && NotingFailures(app_, [&] { run->Write(cboFileName.Text()); });
+  bool written = false;
+  return read &&
+         NotingFailures(app_, package,
+                        [&] {
+                          run->WarnOfCutFiles();
+                          written = run->Write(cboFileName.Text());
+                        }) &&
+         written;
 }
 
+/// A package that can't be read leaves nothing at hand.
 void frmPackager::ListPackage() {
   PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
-  lstFile.Clear();
+  ClearList();
   app_.State.ReadChunkSize = kListChunk;
-  NotingFailures(
-      app_, [&] { PackageList = ReadPackageList(*app_.machine.files.Open(PackagePath())).List; });
+  const bool read = NotingFailures(app_, BareName(PackagePath()), [&] {
+    PackageList = ReadPackageList(*app_.machine.files.Open(PackagePath())).List;
+  });
   app_.State.ReadChunkSize = kChunkAfterList;
+  if (read) listOf_ = cboFileName.Text();
   for (const Text& entry : EntriesOf(PackageList)) lstFile.Add(BareName(entry));
 }
 

@@ -8,14 +8,13 @@
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
 #include "state/PendingWork.h"
+#include "state/Shell.h"
 #include "text/FileNames.h"
+#include "text/Lines.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
 namespace {
-
-/// More lines than this don't fit into a message box.
-constexpr std::size_t kShownWarnings = 12;
 
 /// Files up to this size are read once and written from memory; larger ones are searched for the
 /// marker first and then copied by the kernel.
@@ -56,6 +55,7 @@ void frmPackager::MakePackage() {
                          Title::Warning);
     return;
   }
+  if (!MayGoOn()) return;
   PlayEffect(app_, u"Scroll.wav", kPlayLoop);
   app_.State.CurrentScreen.clear();
   ShowProgress(lblFile.Caption.Get());
@@ -64,10 +64,12 @@ void frmPackager::MakePackage() {
   app_.dialogue.PacMsg(u"\"" + cboFileName.Text() + u".Tarvo\" has been Created!",
                        Title::Information);
   if (written) {
-    lstFile.Clear();
-    PackageList.clear();
-    NotingFailures(app_, [&] { lstTarvo.Reload(); });
-    FillPackageNames();
+    const Text path = PackagePath();
+    ClearList();
+    cboFileName.SetText({});
+    ReadPackageNames();
+    cboFileName.Hint = path;
+    if (app_.Failures.empty()) app_.shell->ShowStatus(u"The Tarvo lies at " + path);
   }
   fraProgress.Visible = false;
   app_.State.CurrentScreen = u"Packager";
@@ -81,7 +83,7 @@ bool frmPackager::WritePackage() {
   try {
     note = BeginWork(app_, WorkKind::Package, cboFileName.Text());
     WriteWholePackage();
-    EndWork(app_, note);
+    NotingFailures(app_, [&] { EndWork(app_, note); });
     return true;
   } catch (const PlatformError& error) {
     NoteFailure(app_, error);
@@ -116,10 +118,12 @@ void frmPackager::WriteWholePackage() {
 }
 
 /// Writes the section of one entry; gives the reason when the file can't come out again. A file
-/// that has gone gives an empty body.
+/// that has gone gives an empty body, and so does one that no installer would take.
 std::optional<Text> frmPackager::AppendEntry(FileReplacement& package, const Text& entry) {
   std::optional<Text> reason = UnpackableReason(entry);
-  if (const auto source = OpenSource(entry)) {
+  if (IsRefusedWhenRead(entry)) {
+    *reason += u", so it is empty in the Tarvo";
+  } else if (const auto source = OpenSource(entry)) {
     const bool holdsMarker = AppendBody(package, *source, RootedPath(entry));
     if (holdsMarker && !reason) reason = u"it holds the text that ends a file in a Tarvo";
   } else {
@@ -141,12 +145,9 @@ std::unique_ptr<FileReader> frmPackager::OpenSource(const Text& entry) {
 
 void frmPackager::WarnOfUnpackable(const std::vector<Text>& lines) {
   if (lines.empty()) return;
-  Text text = u"These Files can't come out of the Tarvo again as they are:\n";
-  for (std::size_t i = 0; i < lines.size() && i < kShownWarnings; ++i) text += u"\n" + lines[i];
-  if (lines.size() > kShownWarnings) {
-    text += u"\n... and " + TextFromUtf8(std::to_string(lines.size() - kShownWarnings)) + u" more";
-  }
-  app_.dialogue.PacMsg(text, Title::Warning);
+  app_.dialogue.PacMsg(
+      u"These Files can't come out of the Tarvo again as they are:\n" + FirstLines(lines),
+      Title::Warning);
 }
 
 }  // namespace tarvo

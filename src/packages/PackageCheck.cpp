@@ -14,13 +14,6 @@ Text ByteCount(std::uint64_t count) {
   return TextFromUtf8(std::to_string(count));
 }
 
-/// True when the four bytes around a marker are the line ends that belong there.
-bool IsFramed(FileReader& package, const PackageBody& body) {
-  FileText frame(BodyEnd().size(), '\0');
-  frame.resize(package.ReadAt(body.Start + body.Length, std::span(frame)));
-  return frame == BodyEnd();
-}
-
 }  // namespace
 
 PackageReport CheckPackage(FileReader& package) {
@@ -38,7 +31,7 @@ PackageReport CheckPackage(FileReader& package) {
     const auto bodies = FindBodies(package, list.BodiesStart, entries.size(), kBlock, [] {});
     for (std::size_t i = 0; i < bodies.size(); ++i) {
       report.Bytes += bodies[i].Length;
-      end = bodies[i].Start + bodies[i].Length + BodyEnd().size();
+      end = SectionEnd(bodies[i]);
       if (!IsFramed(package, bodies[i])) {
         report.Findings.push_back(entries[i] + u": its end is not framed by line ends");
       }

@@ -116,4 +116,8 @@ std::optional<Text> UnpackableReason(TextView entry) {
   return UnsafeReason(entry);
 }
 
+bool IsRefusedWhenRead(TextView entry) {
+  return UnsafeReason(TextFromFileText(FileTextFromText(entry))).has_value();
+}
+
 }  // namespace tarvo

@@ -48,4 +48,7 @@ std::optional<Text> UnsafeReason(TextView entry);
 /// UnsafeReason says, and what the framing or the code page can't carry.
 std::optional<Text> UnpackableReason(TextView entry);
 
+/// True when the entry, as it comes out of a package again, is one that UnsafeReason refuses.
+bool IsRefusedWhenRead(TextView entry);
+
 }  // namespace tarvo

@@ -103,12 +103,22 @@ std::vector<PackageBody> FindBodies(FileReader& package, std::uint64_t bodiesSta
   return bodies;
 }
 
-bool HoldsMarker(FileReader& file) {
+bool HoldsMarker(FileReader& file, std::uint64_t position) {
   MarkerSearch search;
   bool holds = false;
-  ReadBlocks(file, 0, kScanBlock,
+  ReadBlocks(file, position, kScanBlock,
              [&](FileTextView block) { search.Feed(block, [&](std::uint64_t) { holds = true; }); });
   return holds;
+}
+
+bool IsFramed(FileReader& package, const PackageBody& body) {
+  FileText frame(BodyEnd().size(), '\0');
+  frame.resize(package.ReadAt(body.Start + body.Length, std::span(frame)));
+  return frame == BodyEnd();
+}
+
+std::uint64_t SectionEnd(const PackageBody& body) {
+  return body.Start + body.Length + BodyEnd().size();
 }
 
 }  // namespace tarvo

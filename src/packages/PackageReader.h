@@ -38,8 +38,16 @@ std::vector<PackageBody> FindBodies(FileReader& package, std::uint64_t bodiesSta
                                     std::size_t count, std::size_t blockSize,
                                     const std::function<void()>& onBlock);
 
-/// True when `file` holds the marker, which would cut its body short. Reads it whole, in blocks.
-bool HoldsMarker(FileReader& file);
+/// True when `file` holds the marker from that position on, which would cut its body short. Reads
+/// it to its end, in blocks.
+bool HoldsMarker(FileReader& file, std::uint64_t position = 0);
+
+/// True when the line ends stand around the marker behind a body that belong there. Otherwise it
+/// stood within a carried file.
+bool IsFramed(FileReader& package, const PackageBody& body);
+
+/// The position behind a body's section.
+std::uint64_t SectionEnd(const PackageBody& body);
 
 /// Gives the places of a text in a stream of blocks.
 class MarkerSearch {

@@ -11,6 +11,8 @@
 #include "state/GameLock.h"
 #include "state/Shell.h"
 #include "text/FileNames.h"
+#include "text/LetterCase.h"
+#include "text/Lines.h"
 #include "text/Paths.h"
 
 namespace tarvo {
@@ -61,11 +63,7 @@ void frmPackager::Load() {
   fraTarvo.BackColour = kBlack;
   Guarded([&] { lstDrive.SetDrive(drive); });
   Guarded([&] { lstDir.SetPath(app_.State.GamePath); });
-  const Text packages = app_.ProgramFolder + u"\\Tarvos\\";
-  NotingFailures(app_, [&] {
-    if (app_.machine.files.FolderExists(packages)) lstTarvo.SetPath(packages);
-  });
-  FillPackageNames();
+  ReadPackageNames();
   if (app_.State.PacHelper) {
     app_.dialogue.PacMsg(u"Create your Ship Mod Package here!!!", Title::Information);
   }
@@ -107,6 +105,7 @@ void frmPackager::Connect() {
     };
   };
   cboFileName.OnClick = command(&frmPackager::ListPackage);
+  cboFileName.OnDropDown = [this] { ReadPackageNames(); };
   cboFileName.OnChange = [this] {
     const bool wasMarked = cboFileName.Marked;
     cboFileName.Mark(FaultOfFileName(cboFileName.Text()));
@@ -134,12 +133,40 @@ void frmPackager::Connect() {
   Load_Timer.OnTimer = [this] { Unroll(*this, Load_Timer, 5055); };
 }
 
-void frmPackager::FillPackageNames() {
-  cboFileName.Clear();
+/// Offers the packages that stand on the disk now; the line stays as it is.
+void frmPackager::ReadPackageNames() {
+  const Text packages = app_.ProgramFolder + u"\\Tarvos\\";
+  NotingFailures(app_, [&] {
+    if (app_.machine.files.FolderExists(packages)) lstTarvo.SetPath(packages);
+  });
+  while (cboFileName.Count() > 0) cboFileName.RemoveAt(cboFileName.Count() - 1);
   for (std::size_t row = 0; row < lstTarvo.Count(); ++row) {
     const Text& name = lstTarvo.Item(row);
     cboFileName.Add(name.substr(0, name.size() - kPackageEnding.size()));
   }
+}
+
+void frmPackager::ClearList() {
+  lstFile.Clear();
+  PackageList.clear();
+  listOf_.clear();
+  unpacked_.clear();
+}
+
+/// Asks where the files that are shown are known not to be those of the package that is named.
+bool frmPackager::MayGoOn() {
+  const Text& name = cboFileName.Text();
+  const bool differs = !name.empty() && (listOf_.empty() ? EqualIgnoringCase(name, unpacked_)
+                                                         : !EqualIgnoringCase(name, listOf_));
+  if (!differs) return true;
+  const Text shown = listOf_.empty() ? Text(u"your own Choice") : u"those of \"" + listOf_ + u"\"";
+  const Text answer =
+      app_.dialogue.PacInput(u"The Files shown are " + shown + u", not those of \"" + name +
+                                 u"\"!!!  Would you like to go on with them???",
+                             Title::Question);
+  if (answer != u"Yes") return false;
+  listOf_ = name;
+  return true;
 }
 
 /// A folder that doesn't exist leaves the lists as they were, and the status line says so.
@@ -158,14 +185,33 @@ Text frmPackager::EntryOf(const Text& fileName) const {
   return FolderBelow(lstFileSelect.Path(), root) + u"\\" + fileName;
 }
 
+/// Why the entry of a file of the folder at hand won't lead back to that file.
+std::optional<Text> frmPackager::ReasonAgainst(const Text& entry) const {
+  const bool isTGL = IsTGLEntry(entry);
+  const Text root = FolderWithoutTail(isTGL ? app_.ProgramFolder : app_.State.GamePath);
+  const Text folder = FolderWithoutTail(lstFileSelect.Path());
+  if (EqualIgnoringCase(folder, root) ||
+      FoldCase(folder).starts_with(FoldCase(JoinPath(root, u"\\")))) {
+    return UnpackableReason(entry);
+  }
+  return isTGL ? u"it doesn't lie in the program's folder" : u"it doesn't lie in the game's folder";
+}
+
 void frmPackager::AddFiles() {
+  BeginCommand();
   PlayEffect(app_, u"CommandBeep.wav", kPlay);
+  std::vector<Text> doubtful;
   const std::size_t before = lstFile.Count();
   for (std::size_t row = 0; row < lstFileSelect.Count(); ++row) {
     if (!lstFileSelect.Selected(row)) continue;
     const Text& name = lstFileSelect.Item(row);
-    PackageList += EntryOf(name) + u"\r\n";
+    const Text entry = EntryOf(name);
+    PackageList += entry + u"\r\n";
     lstFile.Add(name);
+    if (const auto reason = ReasonAgainst(entry)) doubtful.push_back(name + u": " + *reason);
+  }
+  if (!doubtful.empty()) {
+    app_.shell->ShowStatus(u"Can't come out of a Tarvo again:" + FirstLines(doubtful, u"  "));
   }
   if (lstFile.Count() > before) lstFile.BringIntoSight(lstFile.Count() - 1);
   lstFile.Refresh();
@@ -182,6 +228,7 @@ void frmPackager::AddAllFiles() {
 
 void frmPackager::RemoveFiles() {
   PlayEffect(app_, u"CommandBeep.wav", kPlay);
+  if (!MayGoOn()) return;
   const std::vector<Text> entries = EntriesOf(PackageList);
   Text kept;
   for (std::size_t row = 0; row < entries.size(); ++row) {
@@ -193,6 +240,7 @@ void frmPackager::RemoveFiles() {
   }
   lstFile.Refresh();
   PackageList = std::move(kept);
+  if (PackageList.empty()) ClearList();
 }
 
 void frmPackager::BeginCommand() {

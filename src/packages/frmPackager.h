@@ -60,10 +60,11 @@ class frmPackager : public Form {
   ScreenSkin Skin;
 
   /// The files of the package at hand, each followed by CR LF. Entry number n is item number n of
-  /// lstFile; InstallPackage alone leaves the two apart.
+  /// lstFile.
   Text PackageList;
 
-  /// Adds the selected files of lstFileSelect to the package at hand.
+  /// Adds the selected files of lstFileSelect to the package at hand. What can't come out of a
+  /// package again is named in the status line.
   void AddFiles();
   /// Selects every file of lstFileSelect and adds them all.
   void AddAllFiles();
@@ -75,10 +76,12 @@ class frmPackager : public Form {
   void MakePackage();
 
   /// Writes the files of the package that cboFileName names into the game. A package with an
-  /// unsafe entry, or with a body missing, is refused before anything is written.
+  /// unsafe entry, or with a body missing, is refused before anything is written. The package at
+  /// hand stays what it was.
   void InstallPackage();
 
-  /// Shows the list of the package that cboFileName names.
+  /// Shows the list of the package that cboFileName names; an empty one, with the reason noted,
+  /// where it can't be read.
   void ListPackage();
 
  private:
@@ -89,7 +92,10 @@ class frmPackager : public Form {
   void LayOutCommands();
   void NameControls();
   void Connect();
-  void FillPackageNames();
+  void ReadPackageNames();
+  void ClearList();
+  bool MayGoOn();
+  std::optional<Text> ReasonAgainst(const Text& entry) const;
   void ShowShortcut(const Text& root, TextView below);
   Text EntryOf(const Text& fileName) const;
   void ShowProgress(TextView file);
@@ -104,6 +110,8 @@ class frmPackager : public Form {
   Text RootedPath(const Text& entry) const;
 
   Application& app_;
+  Text listOf_;    ///< The package whose list is shown; empty for the user's own choice of files.
+  Text unpacked_;  ///< The package that was installed last.
 };
 
 }  // namespace tarvo

@@ -8,6 +8,7 @@
 #include "state/Shell.h"
 #include "text/Cleaning.h"
 #include "text/CodePage.h"
+#include "text/Lines.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
@@ -23,25 +24,57 @@ Text ShipOf(const Text& fileName) {
 
 void frmTGLTools::UpdateShipTGLs() {
   UnpatchedPlugins.clear();
-  std::vector<Text> merged;
-  std::int64_t selected = 0;
-  for (std::size_t row = 0; row < File2.Count(); ++row) selected += File2.Selected(row);
+  std::vector<Text> chosen;
+  for (std::size_t row = 0; row < File2.Count(); ++row) {
+    if (File2.Selected(row)) chosen.push_back(File2.Item(row));
+  }
   fraProgress.Visible = true;
-  ProgressBar.SetRange(0, selected + 1, 1);
+  ProgressBar.SetRange(0, static_cast<std::int64_t>(chosen.size()) + 1, 1);
   Refresh();
   PlayEffect(app_, u"Scroll.wav", kPlayLoop);
-  for (std::size_t row = 0; row < File2.Count(); ++row) {
-    if (!File2.Selected(row)) continue;
-    lblFile.Caption = app_.ProgramFolder + u"\\ShipTGLs\\" + File2.Item(row);
-    fraUpdateProgress.Refresh();
-    const Text ship = ShipOf(File2.Item(row));
-    if (UpdateGameTGL(app_, ship)) merged.push_back(File2.Item(row));
-    PatchPlugin(ship);
-    ProgressBar.SetValue(ProgressBar.Value() + 1);
-  }
+  MergeRun run;
+  TellingTogether(app_, [&] { Merge(chosen, run); });
   PlayEffect(app_, u"BackgroundBeep.wav", kPlay);
   fraProgress.Visible = false;
-  if (app_.Failures.empty() && !merged.empty()) ShowMerged(merged);
+  TellOfHalves(run);
+  if (app_.Failures.empty() && !run.Merged.empty()) ShowMerged(run.Merged);
+}
+
+/// A full disk ends the run.
+void frmTGLTools::Merge(const std::vector<Text>& definitions, MergeRun& run) {
+  for (const Text& definition : definitions) {
+    if (run.IsFull) {
+      run.Left.push_back(definition);
+      continue;
+    }
+    lblFile.Caption = app_.ProgramFolder + u"\\ShipTGLs\\" + definition;
+    fraUpdateProgress.Refresh();
+    const std::size_t failures = app_.Failures.size();
+    const auto isFull = [&] { return app_.Failures.size() > failures && IsDiskFull(app_); };
+    const bool merged = UpdateGameTGL(app_, ShipOf(definition));
+    (merged ? run.Merged : run.Left).push_back(definition);
+    if (!isFull() && PatchPlugin(ShipOf(definition)) && !merged) {
+      run.PatchedAlone.push_back(ShipOf(definition) + u".py");
+    }
+    run.IsFull = isFull();
+    ProgressBar.SetValue(ProgressBar.Value() + 1);
+  }
+}
+
+/// Names what a run has done by halves.
+void frmTGLTools::TellOfHalves(const MergeRun& run) {
+  if (!run.PatchedAlone.empty()) {
+    app_.dialogue.PacMsg(
+        u"These Plugins take their Texts from the Game now, though their Ship TGLs "
+        u"could not be merged:\n" +
+            FirstLines(run.PatchedAlone),
+        Title::Warning);
+  }
+  if (!run.IsFull) return;
+  Text words = u"The Disk is full!!!  The Update ends here.";
+  if (!run.Merged.empty()) words += u"\n\nThese are in the Game now:\n" + FirstLines(run.Merged);
+  if (!run.Left.empty()) words += u"\n\nThese are not:\n" + FirstLines(run.Left);
+  app_.dialogue.PacMsg(words, Title::Critical);
 }
 
 /// No message closes the run: the status line tells how it went.
@@ -55,9 +88,11 @@ void frmTGLTools::ShowMerged(const std::vector<Text>& definitions) {
   app_.shell->ShowStatus(line + u".");
 }
 
-/// A plug-in that another tool made, or that is gone, stays as it is.
-void frmTGLTools::PatchPlugin(const Text& ship) {
+/// A plug-in that another tool made, or that is gone, stays as it is. Gives true for one that has
+/// been changed.
+bool frmTGLTools::PatchPlugin(const Text& ship) {
   const Text path = app_.State.GamePath + u"\\scripts\\Custom\\Ships\\" + ship + u".py";
+  bool changed = false;
   NotingFailures(app_, [&] {
     if (!app_.machine.files.FileExists(path)) return;
     const WholeText plugin = ReadWhole(app_.machine.files, path);
@@ -65,9 +100,10 @@ void frmTGLTools::PatchPlugin(const Text& ship) {
     if (!patched) {
       UnpatchedPlugins.push_back(ship + u".py");
     } else if (*patched != plugin.Bytes()) {
-      WriteFileText(app_, path, *patched);
+      changed = WriteFileText(app_, path, *patched);
     }
   });
+  return changed;
 }
 
 void frmTGLTools::lblUpdateGame_Click() {

@@ -96,17 +96,24 @@ void frmTGLTools::LoadShipTGL() {
     file.Load();
     ShowTexts(TextsOfDefinition(file.Strings(), ship));
   } catch (const RaisedError& error) {
-    app_.dialogue.PacMsg(u"Your " + ship + u" file is not Valid with " + app_.State.AppVersion +
-                             u", Please make a new one!",
-                         Title::Critical);
-    DeleteShipTGL();
-    lblEditTGL_Click();
     NoteFailure(app_, error, file.Filename());
+    if (error.SystemCode != 0) {
+      app_.dialogue.PacMsg(app_.Failures.back().Words, Title::Critical);
+    } else {
+      app_.dialogue.PacMsg(u"Your " + ship + u" file is not Valid with " + app_.State.AppVersion +
+                               u", Please make a new one!",
+                           Title::Critical);
+      DeleteShipTGL();
+    }
+    // The tab begins anew, and what went wrong is still to be told.
+    std::vector<Failure> failures = std::move(app_.Failures);
+    lblEditTGL_Click();
+    app_.Failures = std::move(failures);
+    ShowFailures(app_);
   }
 }
 
 void frmTGLTools::DeleteShipTGL() {
-  BeginCommand();
   PlayEffect(app_, u"CommandBeep.wav", kPlayToEnd);
   if (FileList.ListIndex() < 0) {
     app_.dialogue.PacMsg(u"You did not Select a Definition to Delete!", Title::Warning);

@@ -97,7 +97,10 @@ void frmTGLTools::Connect() {
   File2.OnClick = click;
   lblNew.OnClick = [this] { SaveShipTGL(); };
   lblEdit.OnClick = [this] { lblEdit_Click(); };
-  lblDelete.OnClick = [this] { DeleteShipTGL(); };
+  lblDelete.OnClick = [this] {
+    BeginCommand();
+    DeleteShipTGL();
+  };
   const auto locked = [this](Button& button, void (frmTGLTools::*routine)()) {
     button.OnClick = [this, &button, routine] {
       BeginCommand();

@@ -88,8 +88,8 @@ class frmTGLTools : public Form {
   /// SaveShipTGL after a question.
   void lblEdit_Click();
 
-  /// Fills the fields from the definition of the ship that cboShipNames names. One that can't be
-  /// read is told, and its deletion offered.
+  /// Fills the fields from the definition of the ship that cboShipNames names. What is none is
+  /// told, and its deletion offered; one that can't be read is told alone.
   void LoadShipTGL();
 
   /// Deletes the selected definition after a plain "Yes". The game's files stay as they are.
@@ -113,6 +113,13 @@ class frmTGLTools : public Form {
  private:
   struct Tab;
 
+  /// How an update of the game goes; definitions and plug-ins by their file names.
+  struct MergeRun {
+    std::vector<Text> Merged, Left;
+    std::vector<Text> PatchedAlone;  ///< Plug-ins that were changed though the merge failed.
+    bool IsFull = false;             ///< The disk is.
+  };
+
   TabStrip Tabs() {
     return {imgTabBorder, imgButtonSelected, {&lblNewTGL, &lblEditTGL, &lblDeleteTGL, &lblGameTGL}};
   }
@@ -133,7 +140,9 @@ class frmTGLTools : public Form {
   void BeginCommand();
   void ShowFolder(FileListBox& list, const Text& folder);
   void ReadListsAnew();
-  void PatchPlugin(const Text& ship);
+  void Merge(const std::vector<Text>& definitions, MergeRun& run);
+  void TellOfHalves(const MergeRun& run);
+  bool PatchPlugin(const Text& ship);
   void ShowMerged(const std::vector<Text>& definitions);
   void Select(bool selected);
   ShipTexts TextsOfFields() const;

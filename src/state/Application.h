@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "controls/Screens.h"
@@ -37,7 +38,14 @@ struct Machine {
 /// it.
 struct Failure {
   Text Words;
-  bool OnFile;  ///< A file couldn't be read or written; otherwise its content is not in order.
+  bool OnFile;   ///< A file couldn't be read or written; otherwise its content is not in order.
+  int Code = 0;  ///< The system's code for that, where it is known.
+};
+
+/// The files that a command could not write, where that is told of many at once.
+struct UnwrittenFiles {
+  std::vector<int> Causes;   ///< The codes that the user has been told of by one file each.
+  std::vector<Text> Others;  ///< The other files with their reasons, one line each.
 };
 
 /// The one application object: the state, the doors to the machine and the one-of-each screens.
@@ -66,6 +74,9 @@ class Application {
 
   /// What the user must hear of beside the messages, since the last command began.
   std::vector<Failure> Failures;
+
+  /// Stands while TellingTogether runs.
+  std::optional<UnwrittenFiles> Unwritten;
 
   /// What other programs are told of who works on the game; empty for the desktop program, which
   /// names itself and the command.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <span>
+#include <utility>
 
 #include "platform/FileCopies.h"
 #include "platform/Files.h"
@@ -12,6 +13,7 @@
 #include "state/ReadProgress.h"
 #include "state/Shell.h"
 #include "text/LetterCase.h"
+#include "text/Lines.h"
 #include "text/Paths.h"
 #include "text/Utf8.h"
 
@@ -144,9 +146,34 @@ bool WriteFileText(Application& app, TextView path, FileTextView text) {
 
 void TellCantWrite(Application& app, TextView path, const PlatformError& error) {
   NoteFailure(app, error);
+  if (app.Unwritten) {
+    std::vector<int>& told = app.Unwritten->Causes;
+    if (std::ranges::find(told, error.Code) != told.end()) {
+      app.Unwritten->Others.push_back(Text(path) + u": " + SystemErrorText(error.Code));
+      return;
+    }
+    told.push_back(error.Code);
+  }
   app.machine.windows.ShowMessage(
       u"Can't write to File " + Text(path) + u"!!!  This File is Corrupted or Missing!", u"",
       BoxIcon::Critical);
+}
+
+void TellingTogether(Application& app, const std::function<void()>& run) {
+  const auto tellOthers = [&] {
+    const std::vector<Text> others = std::exchange(app.Unwritten, std::nullopt)->Others;
+    if (others.empty()) return;
+    app.machine.windows.ShowMessage(u"These Files can't be written either:\n" + FirstLines(others),
+                                    u"", BoxIcon::Critical);
+  };
+  app.Unwritten.emplace();
+  try {
+    run();
+  } catch (...) {
+    tellOthers();
+    throw;
+  }
+  tellOthers();
 }
 
 void PlaySoundFX(Application& app, TextView file, unsigned flags) {
@@ -182,15 +209,27 @@ void NoteFailure(Application& app, Failure failure) {
 }
 
 void NoteFailure(Application& app, const PlatformError& error) {
-  NoteFailure(app, Failure{Words(error), true});
+  NoteFailure(app, Failure{Words(error), true, error.Code});
 }
 
 void NoteFailure(Application& app, const RaisedError& error) {
-  NoteFailure(app, Failure{WordsOf(error), error.SystemCode != 0});
+  NoteFailure(app, Failure{WordsOf(error), error.SystemCode != 0, error.SystemCode});
 }
 
 void NoteFailure(Application& app, const RaisedError& error, TextView file) {
-  NoteFailure(app, Failure{Text(file) + u": " + WordsOf(error), error.SystemCode != 0});
+  NoteFailure(app, Naming(file, error));
+}
+
+RaisedError Naming(TextView file, const RaisedError& error) {
+  RaisedError named = error;
+  if (error.Description.find(file) == Text::npos) {
+    named.Description = Text(file) + u": " + error.Description;
+  }
+  return named;
+}
+
+bool IsDiskFull(const Application& app) {
+  return !app.Failures.empty() && app.Failures.back().Code == kDiskFull;
 }
 
 Text helper_TrimNull(TextView text) {

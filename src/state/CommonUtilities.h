@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 
 #include "platform/Files.h"
@@ -50,6 +51,10 @@ bool WriteFileText(Application& app, TextView path, FileTextView text);
 /// What WriteFileText does when it can't write, for routines that write a file piece by piece.
 void TellCantWrite(Application& app, TextView path, const PlatformError& error);
 
+/// Runs a command that may fail to write many files. Of those with the same cause the first is told
+/// as ever, and the others in one box at the end.
+void TellingTogether(Application& app, const std::function<void()>& run);
+
 /// Plays a wave file, named by its whole path, unless SoundFX is off. `flags` as in Sound::Play.
 void PlaySoundFX(Application& app, TextView file, unsigned flags);
 
@@ -62,8 +67,11 @@ void NoteFailure(Application& app, Failure failure);
 void NoteFailure(Application& app, const PlatformError& error);
 void NoteFailure(Application& app, const RaisedError& error);
 
-/// The same with the file at fault, where the error's own words don't name it.
+/// The same with the file at fault, which is named once.
 void NoteFailure(Application& app, const RaisedError& error, TextView file);
+
+/// The error with the file at fault in front of its words, where they don't name it.
+RaisedError Naming(TextView file, const RaisedError& error);
 
 /// Puts them into the status line again, where something else was told since.
 void ShowFailures(Application& app);
@@ -74,6 +82,9 @@ Text FailureLine(const Application& app);
 /// False, told and noted, while no game's folder is known: a path below it would be one of the
 /// drive's root.
 bool RequireGame(Application& app);
+
+/// True when the last failure was that of a full disk: there is no use in going on.
+bool IsDiskFull(const Application& app);
 
 /// Runs one step of a command; a raised error or a failure of the platform ends it and is noted.
 /// Gives true when the step ran to its end.
@@ -88,6 +99,18 @@ bool NotingFailures(Application& app, Step&& step) {
     NoteFailure(app, error);
   }
   return false;
+}
+
+/// The same for a step that works on one file, which a raised error doesn't name.
+template <class Step>
+bool NotingFailures(Application& app, TextView file, Step&& step) {
+  return NotingFailures(app, [&] {
+    try {
+      step();
+    } catch (const RaisedError& error) {
+      throw Naming(file, error);
+    }
+  });
 }
 
 /// `text` without blanks at its ends, up to its first NUL.

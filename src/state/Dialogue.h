@@ -18,10 +18,19 @@ class Dialogue {
   /// the empty text among them, counts as none of them.
   virtual Text PacInput(TextView text, Title title) = 0;
 
+  /// True for a question that PacInput would not ask, since these words were the last to be said.
+  virtual bool PacLeavesOut(TextView) const { return false; }
+
+  /// PacInput for a question that must not go unasked. Where it would be left out, it is asked in
+  /// other words, which tell it apart.
+  Text PacInputInAnyCase(TextView text, TextView otherWords, Title title) {
+    return PacInput(PacLeavesOut(text) ? otherWords : text, title);
+  }
+
   /// Asks for a line of text; empty when the user gives none.
   virtual Text PacAskText(TextView text, Title title) = 0;
 
-  /// Captions for the next PacInput alone; its answers stay "Yes" and "No".
+  /// Captions for the next PacInput alone, asked or not; its answers stay "Yes" and "No".
   virtual void PacSetButtons(TextView yesCaption, TextView noCaption) = 0;
 
   /// The settings have been read, at the start of the process or anew: an assistant that is

@@ -60,8 +60,10 @@ TEST_F(Question, ThatStandsInTheBubbleIsNotAskedAgain) {
   machine.answers = {u"Yes", u"one", u"two"};
   machine.onDialog = [&](frmPac_InputBox&) { Hear(80); };
   EXPECT_EQ(machine.dialogue.PacInput(u"Sure?", Title::Question), u"Yes");
+  machine.dialogue.PacSetButtons(u"Start", u"Loop");
   EXPECT_EQ(machine.dialogue.PacInput(u"Sure?", Title::Question), u"");
   EXPECT_EQ(machine.questions.size(), 1u);
+  EXPECT_EQ(state.PacButtonCaptions[0], u"") << "captions end with their question, asked or not";
   // A line of text is, and its dialog wakes though the figure still speaks the same words.
   machine.Turn();
   for (const TextView line : {u"one", u"two"}) {

@@ -144,7 +144,7 @@ TEST_F(PackageCommands, PackagesThatAreNotInOrderAreStatusOneWithTheReason) {
   EXPECT_EQ(refused.status, 1);
   EXPECT_EQ(refused.words,
             "Critical: An Error Occured while trying to extract!\n"
-            "\\..\\a: it leads out of its folder\n");
+            "x.Tarvo: \\..\\a: it leads out of its folder\n");
   folder.Put("program/Tarvos/x.Tarvo", "nonsense");
   EXPECT_EQ(List().status, 1);
   EXPECT_EQ(List().results, "");

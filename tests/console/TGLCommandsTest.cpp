@@ -63,7 +63,7 @@ TEST_F(TGLCommands, MergeTellsWhatItCouldNotDo) {
   EXPECT_EQ(missing.status, 3);
   EXPECT_NE(missing.words.find("Critical: Your Nord.TGL file is not Valid with BETA v4.0"),
             std::string::npos);
-  EXPECT_NE(missing.words.find("Ships.TGL: "), std::string::npos);
+  EXPECT_NE(missing.words.find("Ships.TGL"), std::string::npos);
   EXPECT_NE(missing.words.find(SystemWords(kNoSuchFile)), std::string::npos);
 }
 

@@ -283,8 +283,11 @@ TEST_F(Controls, AComboBoxTellsTypingFromPicking) {
   EXPECT_EQ(entered, 1);
   EXPECT_EQ(picked, 0) << "an item that was typed isn't picked";
 
+  form.types.OnDropDown = [&] { form.types.Add(u"Last"); };
   Key("alt+Down");
   Turn(250);
+  EXPECT_EQ(qobject_cast<QComboBox*>(QApplication::focusWidget())->findText("Last"),
+            static_cast<int>(form.types.Count()) - 1);
   Key("Down");
   Key("Return");
   EXPECT_EQ(picked, 1);

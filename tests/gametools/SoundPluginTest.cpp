@@ -105,6 +105,25 @@ TEST_F(SoundPluginScreen, PhasersHaveTwoSounds) {
   EXPECT_TRUE(machine.boxes.empty());
 }
 
+TEST_F(SoundPluginScreen, TheAssistantAsksOfASecondPhaserInOtherWords) {
+  frmGameTools& screen = OpenTab({u"Galaxy Phaser"});
+  screen.cboSoundName.SetText(u"x");
+  machine.app.State.PacHelper = true;
+  machine.onDialog = [&](frmPac_InputBox& dialog) {
+    EXPECT_EQ(dialog.cmdYes.Caption.Get(), u"Start");
+    machine.Pass(8000);
+  };
+  machine.answers = {u"Yes", u"Yes"};
+  for (int i = 0; i < 2; ++i) {
+    machine.questions.clear();
+    screen.lblAddSound.Press();
+    EXPECT_EQ(machine.questions.size(), 1u);
+    machine.Turn();
+  }
+  EXPECT_NE(machine.questions.back().find(u"Galaxy Phaser"), Text::npos);
+  EXPECT_EQ(Entries(screen), std::vector<Text>(2, u"torp.wav\", \"Galaxy Phaser Start\", 1"));
+}
+
 TEST_F(SoundPluginScreen, EntriesTakeTheVolumeOfTheMomentAndTheSystemsDecimalMark) {
   frmGameTools& screen = OpenTab({u"Torpedo"});
   screen.cboSoundName.SetText(u"x");

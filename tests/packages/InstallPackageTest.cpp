@@ -97,11 +97,40 @@ TEST_F(Installing, DefinitionGoesIntoTheGameAndTakesThePlaceOfItsOldTexts) {
   }
 }
 
-TEST_F(Installing, DatabaseThatIsNoDefinitionIsNotReplacedWithoutAQuestion) {
-  machine.WriteFile(program + u"\\QBMenus\\Species.TGL", "the user's");
-  Install(Package({{u"\\QBMenus\\Species.TGL", "foreign"}}));
-  EXPECT_EQ(machine.questions.size(), 1u);
-  EXPECT_EQ(machine.Bytes(program + u"\\QBMenus\\Species.TGL"), "the user's");
+TEST_F(Installing, DatabasesThatAreNoDefinitionsAreAskedAboutByThemselves) {
+  const std::vector<Text> databases = {u"\\QBMenus\\Species.TGL", u"\\ShipTGLs\\old\\A.TGL"};
+  for (const Text& database : databases) machine.WriteFile(program + database, "the user's");
+  machine.WriteFile(game + u"\\1.py", "old");
+  machine.answers = {u"All", u"No", u"No"};
+  Install(Package({{u"\\1.py", "new"},
+                   {databases[0], "foreign"},
+                   {databases[1], "foreign"},
+                   {u"\\1.py", "2"}}));
+  EXPECT_EQ(
+      machine.questions,
+      (std::vector<Text>{u"File 1.py already exists!!!  Would you like to Overwrite???",
+                         u"File Species.TGL already exists!!!  Would you like to Overwrite???",
+                         u"File A.TGL already exists!!!  Would you like to Overwrite???"}));
+  for (const Text& database : databases) EXPECT_EQ(machine.Bytes(program + database), "the user's");
+  EXPECT_EQ(machine.Bytes(game + u"\\1.py"), "2") << "All goes on for the files of the game";
+}
+
+TEST_F(Installing, TheAssistantAsksOfFilesOfOneNameByTheirFolders) {
+  machine.WriteFile(game + u"\\High\\t.tga", "old");
+  machine.WriteFile(game + u"\\Low\\t.tga", "old");
+  machine.app.State.PacHelper = true;
+  machine.onDialog = [&](frmPac_InputBox&) { machine.Pass(8000); };
+  machine.answers = {u"Yes", u"Yes"};
+  machine.WriteFile(program + u"\\Tarvos\\x.Tarvo",
+                    Package({{u"\\High\\t.tga", "new"}, {u"\\Low\\t.tga", "new"}}));
+  frmPackager& screen = machine.app.Screen<frmPackager>();
+  screen.cboFileName.SetText(u"x");
+  screen.InstallPackage();
+  EXPECT_EQ(
+      machine.questions,
+      (std::vector<Text>{u"File t.tga already exists!!!  Would you like to Overwrite???",
+                         u"File \\Low\\t.tga already exists!!!  Would you like to Overwrite???"}));
+  EXPECT_EQ(machine.Bytes(game + u"\\Low\\t.tga"), "new");
 }
 
 TEST_F(Installing, AsksBeforeItOverwritesUntilToldAll) {
@@ -129,7 +158,8 @@ TEST_F(Installing, OneUnsafeEntryRefusesTheWholePackage) {
                                u"\\ShipTGLs\\..\\..\\a.TGL", u"\\scripts\\nul"}) {
     EXPECT_EQ(Install(Package({{u"\\good.py", "x"}, {Text(entry), "x"}})), BoxIcon::Critical);
     EXPECT_EQ(machine.boxes.back().Message, u"An Error Occured while trying to extract!");
-    EXPECT_EQ(Status().find(Text(entry) + u": it"), 0u) << Utf8FromText(Status());
+    EXPECT_EQ(Status().find(u"x.Tarvo: " + Text(entry) + u": it"), 0u) << Utf8FromText(Status());
+    EXPECT_EQ(machine.app.Screen<frmPackager>().PackageList, u"") << "it isn't left at hand";
     EXPECT_EQ(machine.FilesBelow(game),
               (std::vector<Text>{u"\\scripts\\Custom\\FoundationConfig.py", u"\\stbc.exe"}));
   }
@@ -143,7 +173,7 @@ TEST_F(Installing, PackageCutAnywhereHarmsNothing) {
     machine.answers = {u"All"};
     EXPECT_EQ(Install(whole.substr(0, size)), BoxIcon::Critical) << "cut to " << size;
     EXPECT_EQ(machine.Bytes(game + u"\\s\\1.py"), "old");
-    EXPECT_NE(Status().find(u"byte"), Text::npos);
+    EXPECT_TRUE(Status().starts_with(u"x.Tarvo: byte")) << Utf8FromText(Status());
   }
   EXPECT_EQ(machine.FilesBelow(game).size(), 3u);
 }
@@ -164,6 +194,38 @@ TEST_F(Installing, FileThatCantBeWrittenIsNamedAndTheRestFollows) {
   EXPECT_EQ(machine.Bytes(game + u"\\3.py"), "x");
   EXPECT_NE(Status().find(u"1.py: " + SystemErrorText(kAccessDenied) + u" (and 1 more)"),
             Text::npos);
+}
+
+TEST_F(Installing, FilesOfOneCauseAreToldInOneBoxBehindTheFirst) {
+  std::vector<std::pair<Text, FileText>> files;
+  for (const TextView name : {u"1", u"2", u"3", u"4", u"5"}) {
+    files.emplace_back(u"\\s\\" + Text(name) + u".py", "new");
+    machine.WriteFile(game + files.back().first, "old");
+    machine.disk->SetAttributes(game + files.back().first, kReadOnlyFile);
+  }
+  machine.answers = {u"All"};
+  EXPECT_EQ(Install(Package(files)), BoxIcon::Information);
+  ASSERT_EQ(machine.boxes.size(), 3u);
+  EXPECT_TRUE(machine.boxes[0].Message.starts_with(u"Can't write to File " + game + u"\\s\\1.py"));
+  EXPECT_EQ(machine.boxes[1].Message.find(u"1.py"), Text::npos);
+  for (const TextView name : {u"2", u"3", u"4", u"5"}) {
+    EXPECT_NE(machine.boxes[1].Message.find(u"\\s\\" + Text(name) + u".py"), Text::npos);
+  }
+  EXPECT_EQ(machine.app.Failures.size(), 5u);
+}
+
+/// The marker alone in a file, and with the line ends that a section has around it.
+TEST_F(Installing, WarnsOfACutFileBeforeItWrites) {
+  for (const FileText& body : {FileText("bbb===Next File===bbb"), "b" + BodyEnd() + "b"}) {
+    machine.WriteFile(game + u"\\a.py", "old");
+    machine.onDialog = [&](frmPac_InputBox&) { EXPECT_EQ(machine.boxes.size(), 1u); };
+    Install(Package({{u"\\a.py", "a"}, {u"\\b.py", body}, {u"\\c.py", "c"}}));
+    ASSERT_EQ(machine.boxes.size(), 2u);
+    const Text words = machine.boxes[0].Message;
+    EXPECT_EQ(words.find(u"\\a.py") == Text::npos, body[1] == 'b') << Utf8FromText(words);
+    EXPECT_NE(words.find(u"\\b.py"), Text::npos);
+    EXPECT_NE(words.find(u"\\c.py"), Text::npos);
+  }
 }
 
 TEST_F(Installing, ADefinitionThatCantBeWrittenIsNotMerged) {
@@ -194,6 +256,25 @@ TEST_F(Installing, FullDiskLosesNoOldFile) {
     EXPECT_EQ(machine.Bytes(game + u"\\s\\1.py"), "old");
     EXPECT_EQ(machine.FilesBelow(game).size(), 3u);
   }
+}
+
+TEST_F(Installing, FullDiskEndsTheCommandAndNamesWhatWasWritten) {
+  machine.files.FailAfterBytes(1000, kDiskFull);
+  EXPECT_EQ(Install(Package({{u"\\1.py", "x"},
+                             {u"\\2.py", FileText(2000, 'x')},
+                             {u"\\3.py", "x"},
+                             {u"\\4.py", FileText(2000, 'x')}})),
+            BoxIcon::Critical);
+  ASSERT_EQ(machine.boxes.size(), 3u);
+  EXPECT_EQ(machine.boxes[2].Message, u"An Error Occured while trying to extract!");
+  const Text words = machine.boxes[1].Message;
+  const std::size_t left = words.find(u"have not");
+  EXPECT_LT(words.find(u"\\1.py"), left);
+  for (const TextView entry : {u"\\2.py", u"\\3.py", u"\\4.py"}) {
+    EXPECT_GT(words.find(entry), left);
+    EXPECT_NE(words.find(entry), Text::npos);
+  }
+  EXPECT_EQ(machine.Bytes(game + u"\\3.py"), "(missing)");
 }
 
 TEST_F(Installing, WithoutAGameNothingIsWritten) {

@@ -145,6 +145,9 @@ TEST_F(PackagerScreen, MakesAPackageAndIsReadyForTheNext) {
   EXPECT_EQ(screen.lstFile.Count(), 0u);
   EXPECT_EQ(screen.cboFileName.Text(), u"");
   EXPECT_EQ(screen.cboFileName.Item(0), u"My \u00DCber Ship");
+  const Text made = program + u"\\Tarvos\\My \u00DCber Ship.Tarvo";
+  EXPECT_EQ(screen.cboFileName.Hint, made);
+  EXPECT_TRUE(machine.Start().StatusBar.Panel1.Get().ends_with(made));
   EXPECT_FALSE(screen.fraProgress.Visible);
   EXPECT_EQ(screen.TarvoProgress.Value(), 3);
   EXPECT_EQ(machine.app.State.CurrentScreen, u"Packager");
@@ -244,25 +247,100 @@ TEST_F(PackagerScreen, PickedPackageShowsItsListAndCanBeMadeAgain) {
   EXPECT_EQ(screen.lstFile.Item(1), u"Ship A.py");
   machine.WriteFile(game + u"\\scripts\\ships\\b.py", "newer");
   screen.cboFileName.SetText(u"y");
+  machine.answers = {u"Yes"};
   screen.lblSave.Press();
   EXPECT_TRUE(machine.Bytes(program + u"\\Tarvos\\y.Tarvo")
                   .ends_with("newer\r\n===Next File===\r\nship\r\n===Next File===\r\n"));
 }
 
-TEST_F(PackagerScreen, MalformedPackageLeavesTheListAsItWas) {
+TEST_F(PackagerScreen, PackageThatCantBeReadLeavesNothingAtHandAndIsNamed) {
   machine.WriteFile(program + u"\\Tarvos\\bad.Tarvo", "no package");
   machine.WriteFile(program + u"\\Tarvos\\empty.Tarvo", "");
   frmPackager& screen = Open();
-  ChooseFolder(screen, u"\\scripts\\ships");
-  screen.lblAddAll.Press();
-  const Text list = screen.PackageList;
   for (const std::size_t row : {0, 1}) {
+    ChooseFolder(screen, u"\\scripts\\ships");
+    screen.lblAddAll.Press();
     screen.cboFileName.Pick(row);
-    EXPECT_EQ(screen.PackageList, list);
-    EXPECT_EQ(screen.lstFile.Count(), 2u);
-    EXPECT_NE(machine.Start().StatusBar.Panel1.Get().find(u"byte"), Text::npos);
+    EXPECT_EQ(screen.PackageList, u"");
+    EXPECT_EQ(screen.lstFile.Count(), 0u);
+    EXPECT_EQ(machine.Start().StatusBar.Panel1.Get().find(screen.cboFileName.Text() + u".Tarvo: "),
+              0u);
   }
   EXPECT_EQ(machine.FilesBelow(program + u"\\Tarvos").size(), 2u);
+}
+
+TEST_F(PackagerScreen, MakeAndRemoveAskWhereTheNameIsNotThatOfTheFilesShown) {
+  frmPackager& screen = Open();
+  const auto make = [&](const Text& name, const Text& folder) {
+    ChooseFolder(screen, folder);
+    screen.lblAddAll.Press();
+    screen.cboFileName.SetText(name);
+    screen.lblSave.Press();
+  };
+  make(u"One", u"\\scripts\\ships");
+  make(u"Two", u"");
+  EXPECT_TRUE(machine.questions.empty()) << "nobody else's files";
+  const FileText one = machine.Bytes(program + u"\\Tarvos\\One.Tarvo");
+  const FileText two = machine.Bytes(program + u"\\Tarvos\\Two.Tarvo");
+  screen.cboFileName.Pick(0);
+  const Text list = screen.PackageList;
+  screen.cboFileName.SetText(u"Two");
+  machine.answers = {u"All"};
+  screen.lblTest.Press();
+  EXPECT_EQ(screen.PackageList, list) << "what is shown stays at hand";
+  screen.lstFile.Click(0);
+  for (Button* button : {&screen.lblSave, &screen.lblRemove}) {
+    machine.questions.clear();
+    button->Press();
+    EXPECT_EQ(machine.questions.size(), 1u);
+    EXPECT_EQ(screen.lstFile.Count(), 2u);
+  }
+  machine.answers = {u"Yes"};
+  machine.questions.clear();
+  screen.lblRemove.Press();
+  screen.lblSave.Press();
+  EXPECT_EQ(machine.questions.size(), 1u) << "he has been asked of them";
+  EXPECT_EQ(machine.Bytes(program + u"\\Tarvos\\One.Tarvo"), one);
+  EXPECT_NE(machine.Bytes(program + u"\\Tarvos\\Two.Tarvo"), two);
+
+  // His own choice, and the name of the package that he has just installed.
+  ChooseFolder(screen, u"");
+  screen.lblAddAll.Press();
+  screen.cboFileName.SetText(u"One");
+  screen.lblTest.Press();
+  screen.lblSave.Press();
+  EXPECT_EQ(machine.Bytes(program + u"\\Tarvos\\One.Tarvo"), one);
+}
+
+TEST_F(PackagerScreen, NamesOfPackagesAreReadAnewWhenTheListDropsDown) {
+  frmPackager& screen = Open();
+  screen.cboFileName.SetText(u"typed");
+  machine.WriteFile(program + u"\\Tarvos\\New.Tarvo", "x");
+  screen.cboFileName.DropDown();
+  ASSERT_EQ(screen.cboFileName.Count(), 1u);
+  EXPECT_EQ(screen.cboFileName.Text(), u"typed");
+}
+
+TEST_F(PackagerScreen, WhatAnInstallerWouldRefuseIsNamedWhenItIsAddedAndGetsNoBytes) {
+  const Text outside = machine.folder.Game(u"outside") + Text(game.size(), u'x');
+  machine.WriteFile(outside + u"\\secret.txt", "secret");
+  machine.WriteFile(outside + u"\\X.TGL", "secret");
+  std::vector<std::pair<Text, Text>> added = {{outside, u"secret.txt"}, {outside, u"X.TGL"}};
+#ifndef _WIN32
+  machine.WriteFile(game + u"\\odd\\a?.py", "secret");
+  machine.WriteFile(game + u"\\odd\\\u0416.py", "secret");
+  added.insert(added.end(), {{game + u"\\odd", u"a?.py"}, {game + u"\\odd", u"\u0416.py"}});
+#endif
+  frmPackager& screen = Open();
+  for (const auto& [folder, name] : added) {
+    screen.lstDir.SetPath(folder);
+    screen.lblAddAll.Press();
+    EXPECT_NE(machine.Start().StatusBar.Panel1.Get().find(name + u": it"), Text::npos)
+        << Utf8FromText(name);
+  }
+  screen.cboFileName.SetText(u"x");
+  screen.lblSave.Press();
+  EXPECT_EQ(machine.Bytes(program + u"\\Tarvos\\x.Tarvo").find("secret\r\n==="), FileText::npos);
 }
 
 }  // namespace

@@ -175,6 +175,9 @@ TEST_F(TGLTools, DefinitionThatCantBeReadIsOfferedForDeletion) {
   machine.WriteFile(Definition(u"Bad"), "no database");
   screen->lblDeleteTGL.Press();
   screen->FileList.Reload();
+  machine.onDialog = [&](frmPac_InputBox&) {
+    EXPECT_TRUE(Status().starts_with(Definition(u"Bad"))) << "the reason comes first";
+  };
   machine.answers = {u"No"};
   Pick(screen->FileList, u"Bad.TGL");
   ASSERT_EQ(machine.boxes.size(), 2u);
@@ -185,11 +188,49 @@ TEST_F(TGLTools, DefinitionThatCantBeReadIsOfferedForDeletion) {
   EXPECT_TRUE(screen->lblEdit.Visible);
   EXPECT_FALSE(screen->lblEdit.Enabled);
   EXPECT_TRUE(Status().starts_with(Definition(u"Bad") + u": "));
+
+  screen->lblDeleteTGL.Press();
+  machine.answers = {u"Yes"};
+  machine.files.Fail(FileStep::Remove, 1, kAccessDenied);
+  Pick(screen->FileList, u"Bad.TGL");
+  EXPECT_NE(Status().find(u"(and 1 more)"), Text::npos) << "why the deletion failed";
+}
+
+TEST_F(TGLTools, DefinitionThatTheSystemKeepsIsToldWithThatReasonAndNotOfferedForDeletion) {
+  for (Button* tab : {&screen->lblEditTGL, &screen->lblDeleteTGL}) {
+    tab->Press();
+    machine.boxes.clear();
+    machine.files.Fail(FileStep::Open, 1, kAccessDenied);
+    Pick(screen->FileList, u"Sued.TGL");
+    ASSERT_EQ(machine.boxes.size(), 1u);
+    EXPECT_NE(LastBox().find(SystemErrorText(kAccessDenied)), Text::npos);
+    EXPECT_EQ(LastBox(), Status());
+    EXPECT_TRUE(machine.questions.empty());
+    EXPECT_EQ(screen->txtLongName.Text(), u"");
+    EXPECT_FALSE(screen->lblEdit.Usable());
+  }
+}
+
+TEST_F(TGLTools, FullDiskEndsTheMergeAndNamesWhatIsInTheGame) {
+  for (const TextView ship : {u"A", u"B", u"C"}) Define(Text(ship), {.LongName = Text(ship)});
+  screen->File2.Reload();
+  screen->lblGameTGL.Press();
+  const int commits = 3;  // Of the note and of both databases.
+  machine.files.Fail(FileStep::Commit, commits + 1, kDiskFull, true);
+  machine.answers = {u"Yes"};
+  screen->lblUpdateAllGameTGL.Press();
+  ASSERT_EQ(machine.boxes.size(), 2u) << "one ship's failure, and what it means";
+  const std::size_t left = LastBox().find(u"are not");
+  EXPECT_LT(LastBox().find(u"\nA.TGL"), left);
+  for (const TextView name : {u"\nB.TGL", u"\nC.TGL", u"\nSued.TGL"}) {
+    EXPECT_NE(LastBox().find(name, left), Text::npos);
+  }
 }
 
 TEST_F(TGLTools, MergeTakesTheSelectedDefinitionsAndPatchesTheirPlugins) {
   machine.WriteFile(PluginPath(u"Sued"),
                     "# Uncomment these if you have TGL   #\r\nFoundation.ShipDef.Sued.desc = 'x'");
+  machine.WriteFile(PluginPath(u"Bad"), machine.Bytes(PluginPath(u"Sued")));
   machine.WriteFile(Definition(u"Bad"), "no database");
   Define(u"Lost", {.LongName = u"No plug-in"});
   Define(u"Nord", {.LongName = u"USS Nord"});
@@ -203,7 +244,9 @@ TEST_F(TGLTools, MergeTakesTheSelectedDefinitionsAndPatchesTheirPlugins) {
   machine.sound.Orders.clear();
   machine.app.State.SoundFX = true;
   screen->lblUpdateAllGameTGL.Press();
-  EXPECT_EQ(LastBox(), u"Your Bad.TGL file is not Valid with BETA v4.0, Please make a new one!");
+  EXPECT_EQ(machine.boxes[machine.boxes.size() - 2].Message,
+            u"Your Bad.TGL file is not Valid with BETA v4.0, Please make a new one!");
+  EXPECT_TRUE(LastBox().ends_with(u":\n\nBad.py")) << "patched all the same";
   EXPECT_EQ(Strings(ships).size(), 6u);
   EXPECT_EQ(Strings(quickBattle).size(), 3u);
   EXPECT_NE(machine.Bytes(PluginPath(u"Sued")).find("Sued.hasTGLName = 1"), FileText::npos);

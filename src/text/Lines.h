@@ -1,0 +1,13 @@
+#pragma once
+
+#include <vector>
+
+#include "text/Text.h"
+
+namespace tarvo {
+
+/// As many lines as fit into a message box, with `separator` in front of each; the last one tells
+/// how many more there are.
+Text FirstLines(const std::vector<Text>& lines, TextView separator = u"\n");
+
+}  // namespace tarvo
