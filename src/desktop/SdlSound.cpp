@@ -30,8 +30,9 @@ constexpr auto kTail = 30ms;           ///< What is mixed but not heard yet at t
 constexpr auto kLongestDelay = 250ms;  ///< What a sound may take beyond its length.
 constexpr auto kLongestFarewell = 300ms;
 
-/// How long the device stays open with nothing to play: silence costs as much as sound.
-constexpr auto kRest = 400ms;
+/// How long the device stays open for what the user does next. To feed it silence costs as much as
+/// sound, so a beep that comes by itself, again and again, opens it for its own time alone.
+constexpr auto kAwake = 5s;
 
 void Ignore(const char*, int, const char*, int, const char*, ...) {}
 
@@ -57,8 +58,9 @@ class SdlSound::Player : public std::enable_shared_from_this<SdlSound::Player> {
   bool Busy();
   bool Failed();
 
-  /// Ends what plays, and plays `wave`, if there is any. Gives the number of the sound.
-  std::uint64_t Post(FileText wave, bool loop);
+  /// Ends what plays, and plays `wave`, if there is any; `again` where that was the last sound as
+  /// well. Gives the number of the sound.
+  std::uint64_t Post(FileText wave, bool loop, bool again);
 
   void WaitForEnd(std::uint64_t number, Clock::time_point latest);
   void End();
@@ -67,6 +69,7 @@ class SdlSound::Player : public std::enable_shared_from_this<SdlSound::Player> {
   struct Order {
     FileText wave;
     bool loop;
+    bool again;
     std::uint64_t number;
   };
 
@@ -90,7 +93,7 @@ class SdlSound::Player : public std::enable_shared_from_this<SdlSound::Player> {
 
   // The thread's own.
   bool open_ = false;
-  Clock::time_point usedAt_{};  ///< When the device was last at work.
+  Clock::time_point openUntil_{};
   FileText wave_;
   Mix_Chunk* chunk_ = nullptr;
   std::uint64_t playing_ = 0;  ///< 0 for none.
@@ -120,9 +123,9 @@ bool SdlSound::Player::Failed() {
   return failed_;
 }
 
-std::uint64_t SdlSound::Player::Post(FileText wave, bool loop) {
+std::uint64_t SdlSound::Player::Post(FileText wave, bool loop, bool again) {
   const std::lock_guard lock(mutex_);
-  order_ = Order{std::move(wave), loop, ++posted_};
+  order_ = Order{std::move(wave), loop, again, ++posted_};
   toThread_.notify_one();
   return posted_;
 }
@@ -188,7 +191,7 @@ void SdlSound::Player::Run() {
 std::optional<Clock::time_point> SdlSound::Player::NextLook() const {
   if (playing_ != 0 && loop_) return {};
   if (playing_ != 0) return std::max(due_, Clock::now() + kLook);
-  if (open_) return usedAt_ + kRest;
+  if (open_) return openUntil_;
   return {};
 }
 
@@ -196,7 +199,6 @@ bool SdlSound::Player::Open() {
   if (open_) return true;
   open_ = Mix_OpenAudio(kRate, MIX_DEFAULT_FORMAT, 2, kSamplesAtOnce) == 0;
   if (open_) Mix_AllocateChannels(1);
-  usedAt_ = Clock::now();
   return open_;
 }
 
@@ -218,6 +220,7 @@ void SdlSound::Player::Obey(Order order) {
   playing_ = order.number;
   loop_ = order.loop;
   due_ = Clock::now() + *length;
+  if (!order.again) openUntil_ = due_ + kAwake;
   silentSince_ = {};
 }
 
@@ -230,7 +233,6 @@ void SdlSound::Player::Silence() {
 
 bool SdlSound::Player::StillPlaying() {
   const auto now = Clock::now();
-  usedAt_ = now;
   if (Mix_Playing(0)) {
     silentSince_ = {};
     return true;
@@ -269,7 +271,9 @@ void SdlSound::Play(TextView file, unsigned flags) {
     player_ = std::make_shared<Player>();
     if (!player_->Start()) return;
   }
-  const std::uint64_t number = player_->Post(std::move(wave), flags & kSoundLoop);
+  const bool again = last_ == file;
+  last_ = file;
+  const std::uint64_t number = player_->Post(std::move(wave), flags & kSoundLoop, again);
   if (!(flags & kSoundAsync) && length) player_->WaitForEnd(number, now + *length + kLongestDelay);
 }
 

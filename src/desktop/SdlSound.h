@@ -31,6 +31,7 @@ class SdlSound : public Sound {
 
   Files& files_;
   std::shared_ptr<Player> player_;  ///< Nothing before the first sound.
+  Text last_;                       ///< The file of the last sound.
 };
 
 }  // namespace tarvo
