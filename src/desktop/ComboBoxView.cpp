@@ -22,6 +22,17 @@ void DropDown::MakeEditable() {
   lineEdit()->installEventFilter(this);
 }
 
+/// The list is as wide as its rows, as far as the window is.
+void DropDown::showPopup() {
+  constexpr int kBeside = 40;  ///< For the frame and the scroll bar.
+  int widest = 0;
+  for (int row = 0; row < count(); ++row) {
+    widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(row)));
+  }
+  view()->setMinimumWidth(std::min(widest + kBeside, window()->width()));
+  QComboBox::showPopup();
+}
+
 void DropDown::focusInEvent(QFocusEvent* event) {
   QComboBox::focusInEvent(event);
   clickedInto_ = event->reason() == Qt::MouseFocusReason;

@@ -22,6 +22,8 @@ class DropDown : public QComboBox {
   /// Makes the list read `items`, and leaves no row picked.
   void SetItems(const QStringList& items);
 
+  void showPopup() override;
+
  protected:
   void wheelEvent(QWheelEvent* event) override { event->ignore(); }
   void focusInEvent(QFocusEvent* event) override;
