@@ -65,6 +65,10 @@ void NoteFailure(Application& app, const RaisedError& error);
 /// The same with the file at fault, where the error's own words don't name it.
 void NoteFailure(Application& app, const RaisedError& error, TextView file);
 
+/// They in one line, from the one of that number on: the first, and how many more there are. Empty
+/// when there is none.
+Text FailureLine(const Application& app, std::size_t from = 0);
+
 /// Puts them into the status line again, where something else was told since.
 void ShowFailures(Application& app);
 
