@@ -42,6 +42,10 @@ void frmTGLTools::UpdateShipTGLs() {
   PlayEffect(app_, u"BackgroundBeep.wav", kPlay);
   fraProgress.Visible = false;
   if (app_.Failures.empty() && !merged.empty()) ShowMerged(merged);
+  if (selected > 0) return;
+  app_.shell->ShowStatus(File2.Count() == 0
+                             ? u"There is no Ship TGL yet: make one on the New TGL tab."
+                             : u"Nothing is chosen: click the Ship TGLs that the game is to get.");
 }
 
 /// No message closes the run: the status line tells how it went.

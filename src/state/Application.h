@@ -40,6 +40,9 @@ struct Failure {
   bool OnFile;  ///< A file couldn't be read or written; otherwise its content is not in order.
 };
 
+/// What the user had made on a screen: each part as lines; see Draft.h.
+using DraftContents = std::vector<std::vector<Text>>;
+
 /// The one application object: the state, the doors to the machine and the one-of-each screens.
 /// Routines and screens receive it by reference; nothing else is shared, so a test can hold two.
 class Application {
@@ -66,6 +69,9 @@ class Application {
 
   /// What the user must hear of beside the messages, since the last command began.
   std::vector<Failure> Failures;
+
+  /// What was dropped unsaved, by the name of its draft, the last one at the end.
+  std::map<Text, std::vector<DraftContents>> Dropped;
 
   /// What other programs are told of who works on the game; empty for the desktop program, which
   /// names itself and the command.

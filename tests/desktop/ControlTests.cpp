@@ -3,9 +3,11 @@
 #include <QApplication>
 #include <QListView>
 #include <QScrollBar>
+#include <utility>
 
 #include "Desk.h"
 #include "desktop/Skin.h"
+#include "desktop/UndoKey.h"
 
 namespace tarvo::test {
 namespace {
@@ -96,6 +98,38 @@ TEST_F(Controls, EscapeGoesToADropDownThatIsOpenBeforeTheForm) {
     Key("Escape");
     EXPECT_EQ(left, ++expected);
   }
+}
+
+TEST_F(Controls, TheFormHearsEscapeAndCtrlZFirst) {
+  const UndoKey undo([&](bool typed) { return forms_.Undo(typed); });
+  WorkForm& form = ShowWork();
+  int left = 0;
+  form.stop.OnClick = [&] { ++left; };
+  form.CancelButton = &form.stop;
+  bool holds = true;
+  form.OnEscape = [&] { return std::exchange(holds, false); };
+  bool takes = false;
+  std::vector<bool> typed;
+  form.OnUndo = [&](bool can) {
+    typed.push_back(can);
+    return takes;
+  };
+  Key("Escape");
+  EXPECT_EQ(left, 0);
+  Key("Escape");
+  EXPECT_EQ(left, 1);
+  form.line.SetText({});
+  form.line.SetFocus();
+  Turn(30);
+  Key("ctrl+z");
+  Key("x");
+  takes = true;
+  Key("ctrl+z");
+  EXPECT_EQ(form.line.Text(), u"x");
+  takes = false;
+  Key("ctrl+z");
+  EXPECT_EQ(form.line.Text(), u"");
+  EXPECT_EQ(typed, (std::vector<bool>{false, true, true}));
 }
 
 TEST_F(Controls, ToggleListsToggle) {
