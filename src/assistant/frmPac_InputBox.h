@@ -26,6 +26,9 @@ class frmPac_InputBox : public Form {
   /// The text page with these words over the line to type in.
   void LayOutRequest(TextView request);
 
+  /// Shows, above the question or request, what was to be told before it.
+  void ShowBefore(const std::vector<Text>& messages);
+
   /// Switches the buttons on. With the assistant on they wait for its figure to get to the
   /// question.
   void Wake();
@@ -36,6 +39,7 @@ class frmPac_InputBox : public Form {
   Button cmdOk{this}, cmdCancel{this};
   Shape Shape2{this};
   Button cmdYes{this}, cmdNo{this}, cmdAll{this};
+  Label lblWait{this};  ///< How to wake the buttons sooner.
   Timer InputBox_Timer{this, 5};
 
  private:
@@ -43,10 +47,12 @@ class frmPac_InputBox : public Form {
   void SetPictures();
   void Connect();
   void Answer(Button& button, const std::function<Text()>& answer);
+  void LetEscapeGiveNeither();
   void StandOverMain();
   void HangBelowHelper();
   void Grow(int twips);
   void ShowWords(TextView words, int room);
+  void ShowWait();
   void KeepOnScreen();
 
   Application& app_;

@@ -49,13 +49,12 @@ void frmGameTools::AddSoundEntry() {
     app_.dialogue.PacSetButtons(u"Start", u"Loop");
     PlayEffect(app_, u"Question.wav", kPlay);
     const Text answer = app_.dialogue.PacInput(u"Choose Phaser Sound Type...", Title::Question);
+    if (answer != u"Yes" && answer != u"No") return;
     sound += answer == u"Yes" ? u" Start" : u" Loop";
   }
   lstSoundInfo.BringIntoSight(
       lstSoundInfo.Add(SoundEntry(wave, sound, SoundVolume, app_.machine.locale.DecimalMark())));
-  if (isPhaser && app_.State.PacHelper) {
-    app_.dialogue.PacMsg(u"OK!!! Adding Phaser Type!", Title::Information);
-  }
+  if (isPhaser) app_.dialogue.PacTip(u"OK!!! Adding Phaser Type!", PacTipOf::Screen);
 }
 
 void frmGameTools::lblRemoveSound_Click() {

@@ -134,7 +134,7 @@ void frmGameTools::ShowTab(const Tab& tab) {
   PlayEffect(app_, u"TabBeep.wav", tab.Sound);
   status_ = Text(tab.Status);
   app_.shell->ShowStatus(status_);
-  if (app_.State.PacHelper) app_.dialogue.PacMsg(tab.Tip, Title::Information);
+  app_.dialogue.PacTip(tab.Tip, PacTipOf::Screen);
   for (Frame* area : {&fraShipInfo, &fraSound, &fraMenus, &fraIntegrity}) {
     area->Visible = area == &tab.Area;
   }

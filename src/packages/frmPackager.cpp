@@ -65,9 +65,7 @@ void frmPackager::Load() {
     if (app_.machine.files.FolderExists(packages)) lstTarvo.SetPath(packages);
   });
   FillPackageNames();
-  if (app_.State.PacHelper) {
-    app_.dialogue.PacMsg(u"Create your Ship Mod Package here!!!", Title::Information);
-  }
+  app_.dialogue.PacTip(u"Create your Ship Mod Package here!!!", PacTipOf::Screen);
   app_.State.CurrentScreen = u"Packager";
 }
 

@@ -93,9 +93,7 @@ void frmOptions::Load() {
   show(chkVideoFX, u"VideoFX", u"1");
   app_.shell->ShowStatus(u"Adjust your Tarvo Packager Options here...");
   Move(1180, 1740, 6900, 0);
-  if (app_.State.PacHelper) {
-    app_.dialogue.PacMsg(u"Adjust your Tarvo Packager Options here!!!", Title::Information);
-  }
+  app_.dialogue.PacTip(u"Adjust your Tarvo Packager Options here!!!", PacTipOf::Screen);
   Guarded([this] { lstDrive.SetDrive(app_.State.GamePath.substr(0, 2)); });
   Guarded([this] { lstDir.SetPath(app_.State.GamePath); });
   MediaPlayer1.FileName = app_.ProgramFolder + u"\\Gfx\\VideoFX\\LCARS_Options.MOV";

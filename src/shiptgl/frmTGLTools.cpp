@@ -136,7 +136,7 @@ void frmTGLTools::Open(const Tab& tab) {
   PlayEffect(app_, u"TabBeep.wav", kPlayUnlessBusy);
   status_ = Text(tab.Status);
   BeginCommand();
-  if (app_.State.PacHelper) app_.dialogue.PacMsg(tab.Hint, Title::Information);
+  app_.dialogue.PacTip(tab.Hint, PacTipOf::Screen);
   Tabs().Choose(tab.Caption);
   Skin.TabChosen();
   for (Frame* frame : {&fraShipTGL, &fraGameTGL}) frame->Visible = frame == &tab.Shown;
