@@ -47,6 +47,7 @@ void frmGameTools::MakeShipPlugin() {
   txtModName.SetText({});
   txtComments.SetText({});
   txtVersion.SetText(u"1.0");
+  ship_.Settle();
 }
 
 /// Writes the plug-in from the fields; cboSpecies then shows its race word. False, and noted, with
@@ -68,6 +69,7 @@ bool frmGameTools::WriteShipPlugin() {
   if (!written) return false;
   CustomMenuChosen = false;
   cboSpecies.SetText(raceWord);
+  ship_.Settle();
   return true;
 }
 
@@ -119,7 +121,9 @@ void frmGameTools::PickShipScript() {
   PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
   if (FileList2.ListIndex() < 0) return;
   const Text& file = FileList2.Item(static_cast<std::size_t>(FileList2.ListIndex()));
+  const bool dropped = ship_.Drop();
   cboShipName.SetText(Showable(file.substr(0, file.size() - kEnabledEnding.size())));
+  if (!dropped) ship_.Settle();
 }
 
 void frmGameTools::ShipNameChanged() {
@@ -129,6 +133,7 @@ void frmGameTools::ShipNameChanged() {
 
 void frmGameTools::LoadShipPlugin() {
   PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
+  const bool dropped = ship_.Drop();
   const ShipPlugin plugin =
       ReadShipPlugin(ReadFileText(app_, PluginPath(cboShipName.Text(), kEnabledEnding)));
   txtIconName.SetText(plugin.Icon);
@@ -138,6 +143,8 @@ void frmGameTools::LoadShipPlugin() {
   txtVersion.SetText(plugin.Version);
   txtSources.SetText(plugin.Sources);
   txtComments.SetText(plugin.Comments);
+  ship_.Settle();
+  if (dropped) ship_.TellDropped(status_);
 }
 
 }  // namespace tarvo

@@ -65,14 +65,22 @@ void frmGameTools::lblRemoveSound_Click() {
 
 void frmGameTools::ReadSoundPlugin() {
   PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
+  const bool dropped = sounds_.Drop();
+  soundName_ = cboSoundName.Text();
   lstSoundInfo.Clear();
   for (Text& entry : SoundPluginEntries(ReadFileText(app_, SoundPluginPath()))) {
     lstSoundInfo.Add(std::move(entry));
   }
+  sounds_.Settle();
+  if (dropped) sounds_.TellDropped(status_);
 }
 
 void frmGameTools::cboSoundName_Change() {
+  const bool dropped = sounds_.Drop();
+  soundName_ = cboSoundName.Text();
   lstSoundInfo.Clear();
+  sounds_.Settle();
+  if (dropped) sounds_.TellDropped(status_);
 }
 
 /// When the file can't be written the entries stay, so that the user can try again.
@@ -93,6 +101,7 @@ void frmGameTools::MakeSoundPlugin() {
       u"Custom Sound Plugin " + name + Text(kSoundPluginEnding) + u" has been Created!!!",
       Title::Information);
   lstSoundInfo.Clear();
+  sounds_.Settle();
   if (!HasItem(cboSoundName, name)) cboSoundName.Add(name);
   cboSoundName.SetText({});
 }

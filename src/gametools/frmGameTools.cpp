@@ -46,6 +46,7 @@ frmGameTools::frmGameTools(Application& app)
   LayOut();
   NameControls();
   Connect();
+  MakeDrafts();
   Scroll_Timer.Enabled = false;
   app_.ProgressBars[u"Game Tools"] = &ProgressBar2;
 }
@@ -69,6 +70,8 @@ void frmGameTools::Load() {
   } catch (const PlatformError& error) {
     failure = Words(error);
   }
+  ship_.Settle();
+  sounds_.Settle();
   if (failure.empty()) return;
   app_.shell->SettleGame();
   app_.shell->ShowStatus(failure);
@@ -95,6 +98,8 @@ void frmGameTools::Unload() {
   scrolled_ = true;
   for (Button* arrow : {&imgButtonU, &imgButtonD, &imgButtonL, &imgButtonR}) arrow->LetGo();
   app_.shell->WorkScreenClosed();
+  ship_.Leave();
+  sounds_.Leave();
 }
 
 /// All lists get their folders, also those behind one that can't be shown; then the first failure

@@ -28,6 +28,7 @@
 #include "skin/ScreenSkin.h"
 #include "sounds/WeaponNames.h"
 #include "state/Application.h"
+#include "state/Draft.h"
 #include "state/FileFacts.h"
 
 namespace tarvo {
@@ -335,7 +336,12 @@ class frmGameTools : public Form {
   void PointAtRow(RowPanel::Place place);
   void PointAtNoRow();
 
-  Text status_;  ///< The status line of the open tab.
+  void MakeDrafts();
+
+  Draft ship_{app_, u"Ship Plugin"};
+  Draft sounds_{app_, u"Sound Plugin"};
+  Text soundName_;  ///< The name that lstSoundInfo was made under.
+  Text status_;     ///< The status line of the open tab.
   /// The ship scripts of FileList2 and FileList3 are those of the game's folder, which stands.
   bool scriptsKnown_ = false;
   bool scrolled_ = false;  ///< The arrow that is held has moved something.

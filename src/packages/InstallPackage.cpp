@@ -39,7 +39,9 @@ class frmPackager::Installation {
     if (app_.State.GamePath.empty()) throw RaisedError(u"Package", u"no game's folder is known");
     const tarvo::PackageList list = ReadPackageList(*package_);
     ReadProgress progress(app_, package_->Size());
+    screen_.draft_.Drop();
     screen_.PackageList = list.List;
+    screen_.draft_.Settle();
     entries_ = EntriesOf(list.List);
     for (const Text& entry : entries_) {
       if (const auto reason = UnsafeReason(entry)) {
@@ -176,12 +178,15 @@ bool frmPackager::RunInstallation() {
 
 void frmPackager::ListPackage() {
   PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
+  const bool dropped = draft_.Drop();
   lstFile.Clear();
   app_.State.ReadChunkSize = kListChunk;
   NotingFailures(
       app_, [&] { PackageList = ReadPackageList(*app_.machine.files.Open(PackagePath())).List; });
   app_.State.ReadChunkSize = kChunkAfterList;
   for (const Text& entry : EntriesOf(PackageList)) lstFile.Add(BareName(entry));
+  draft_.Settle();
+  if (dropped) draft_.TellDropped(kStatus);
 }
 
 }  // namespace tarvo

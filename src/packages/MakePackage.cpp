@@ -59,6 +59,7 @@ void frmPackager::MakePackage() {
   if (written) {
     lstFile.Clear();
     PackageList.clear();
+    draft_.Settle();
     NotingFailures(app_, [&] { lstTarvo.Reload(); });
     FillPackageNames();
   }

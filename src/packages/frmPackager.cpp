@@ -15,7 +15,6 @@
 namespace tarvo {
 namespace {
 
-constexpr TextView kStatus = u"Create your Ship Mod Package here...";
 constexpr TextView kPackageEnding = u".Tarvo";
 
 /// The part of `folder` behind the length of `root`, with no backslash at its end.
@@ -40,6 +39,7 @@ frmPackager::frmPackager(Application& app)
   LayOut();
   NameControls();
   Connect();
+  MakeDraft();
   HelpPage = u"packager.html";
   app_.ProgressBars[u"Packager"] = &TarvoProgress;
 }
@@ -67,10 +67,29 @@ void frmPackager::Load() {
   FillPackageNames();
   app_.dialogue.PacTip(u"Create your Ship Mod Package here!!!", PacTipOf::Screen);
   app_.State.CurrentScreen = u"Packager";
+  draft_.Settle();
 }
 
 void frmPackager::Unload() {
   app_.shell->WorkScreenClosed();
+  draft_.Leave();
+}
+
+void frmPackager::MakeDraft() {
+  const auto show = [this](const std::vector<Text>& entries) {
+    PackageList.clear();
+    lstFile.Clear();
+    for (const Text& entry : entries) {
+      PackageList += entry + u"\r\n";
+      lstFile.Add(BareName(entry));
+    }
+  };
+  draft_.Add(cboFileName, Draft::Kind::Beside);
+  draft_.Add(
+      {[this] { return lstFile.Count() == 0 ? std::vector<Text>() : EntriesOf(PackageList); },
+       show});
+  OnEscape = [this] { return draft_.HoldsEscape(); };
+  OnUndo = [this](bool typed) { return draft_.Undo(typed); };
 }
 
 void frmPackager::NameControls() {

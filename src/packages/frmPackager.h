@@ -19,6 +19,7 @@
 #include "platform/Files.h"
 #include "skin/ScreenSkin.h"
 #include "state/Application.h"
+#include "state/Draft.h"
 
 namespace tarvo {
 
@@ -89,6 +90,9 @@ class frmPackager : public Form {
   void LayOutCommands();
   void NameControls();
   void Connect();
+  static constexpr TextView kStatus = u"Create your Ship Mod Package here...";
+
+  void MakeDraft();
   void FillPackageNames();
   void ShowShortcut(const Text& root, TextView below);
   Text EntryOf(const Text& fileName) const;
@@ -104,6 +108,7 @@ class frmPackager : public Form {
   Text RootedPath(const Text& entry) const;
 
   Application& app_;
+  Draft draft_{app_, u"Packager"};
 };
 
 }  // namespace tarvo
