@@ -37,22 +37,43 @@ void ShowBox(Application& app, TextView text, Title title) {
 }  // namespace
 
 void PacDialogue::PacMsg(TextView text, Title title) {
+  if (!app_.State.PacHelper) return ShowBox(app_, text, title);
+  Hand({Text(text), title, app_.State.PacAsking});
+}
+
+void PacDialogue::PacTip(TextView text, PacTipOf giver) {
+  if (app_.State.PacHelper) Hand({Text(text), Title::Information, false, giver});
+}
+
+void PacDialogue::PacForgetTips() {
+  DropTips(app_.State, false);
+}
+
+void PacDialogue::PacEnd() {
+  DropTips(app_.State, true);
+  Text words;
+  std::vector<Text> results = TakeResults(app_.State);
+  if (!unsaid_.empty()) results.push_back(unsaid_);
+  for (const Text& result : results) words += (words.empty() ? Text() : u"  ") + result;
+  if (!words.empty()) app_.shell->ShowStatus(words);
+}
+
+void PacDialogue::Hand(const Message& message) {
   AppState& state = app_.State;
-  if (!state.PacHelper) return ShowBox(app_, text, title);
   auto& helper = app_.Screen<frmPac_Helper>();
   if (helper.HasLeft()) {
     helper.PacWalkIn();
     if (const Message first = TakeMessage(state); !first.Text.empty()) Begin(first);
   }
-  const Message message{Text(text), title, state.PacAsking};
   const bool free = state.PacState == PacActivity::Idle && state.PacQueue[0].empty();
   // A question is never left out: its dialog waits for it.
   const bool isBeingSaid = state.PacState == PacActivity::Talk && !message.IsQuestion &&
-                           text == helper.lblPac_Label.Caption.Get();
+                           message.Text == helper.lblPac_Label.Caption.Get();
   if (free || state.PacSpeech.empty()) {
     Begin(message);
-  } else if (!isBeingSaid) {
-    AppendMessage(state, message);
+  } else if (!isBeingSaid && !AppendMessage(state, message) && message.Tip == PacTipOf::Nobody) {
+    unsaid_ += (unsaid_.empty() ? Text() : u"  ") + message.Text;
+    app_.shell->ShowStatus(unsaid_);
   }
 }
 
@@ -89,14 +110,19 @@ void PacDialogue::PacSetButtons(TextView yesCaption, TextView noCaption) {
 void PacDialogue::PacStart() {
   auto& helper = app_.Screen<frmPac_Helper>();
   app_.State.PacExiting = false;
-  if (!app_.State.PacHelper) return;
+  if (!app_.State.PacHelper) return DropTips(app_.State, true);
   helper.PacWalkIn();
-  PacMsg(u"Hi There I'm Pac-Man!!!  I will help you with this Program!", Title::Information);
+  PacTip(u"Hi There I'm Pac-Man!!!  I will help you with this Program!", PacTipOf::Program);
 }
 
 void PacDialogue::PacNextMessage() {
   AppState& state = app_.State;
+  if (state.PacQueue[0].empty()) unsaid_.clear();
   if (state.PacQueue[0].empty() || state.PacState != PacActivity::Idle) return;
+  if (const auto waiting = TakeQuestion(state)) {
+    app_.Screen<frmPac_InputBox>().ShowBefore(waiting->Before);
+    return Begin(waiting->Question);
+  }
   const Message first = TakeMessage(state);
   if (!state.PacHelper) return ShowWaiting(first);
   if (first.Text == kGoodBye) state.PacExiting = true;

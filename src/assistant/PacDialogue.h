@@ -15,6 +15,9 @@ class PacDialogue : public Dialogue {
   explicit PacDialogue(Application& app) : app_(app) {}
 
   void PacMsg(TextView text, Title title) override;
+  void PacTip(TextView text, PacTipOf giver) override;
+  void PacForgetTips() override;
+  void PacEnd() override;
   Text PacInput(TextView text, Title title) override;
   bool PacLeavesOut(TextView text) const override;
   Text PacAskText(TextView text, Title title) override;
@@ -23,12 +26,14 @@ class PacDialogue : public Dialogue {
   void PacNextMessage() override;
 
  private:
+  void Hand(const Message& message);
   void Announce(TextView text, Title title);
   void Begin(const Message& message);
   void PacEnableDialog();
   void ShowWaiting(const Message& message);
 
   Application& app_;
+  Text unsaid_;  ///< The results that found no place in the queue; they stand in the status line.
 };
 
 }  // namespace tarvo

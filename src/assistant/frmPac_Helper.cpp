@@ -125,6 +125,7 @@ void frmPac_Helper::Unload() {
   state.PacState = PacActivity::Idle;
   state.PacSpeech.clear();
   WithdrawQuestions(state);
+  DropTips(state, true);
   if (auto* dialog = app_.screens.Find<frmPac_InputBox>()) dialog->Wake();
   if (leaving) app_.screens.Host().Quit();
 }
@@ -217,7 +218,7 @@ void frmPac_Helper::LeaveStage() {
     state.PacState = PacActivity::Idle;
     app_.screens.Host().Quit();
   } else if (state.PacHelper) {
-    app_.dialogue.PacMsg(u"Hi, I'm Pac-Man! How can I help you?", Title::Information);
+    app_.dialogue.PacTip(u"Hi, I'm Pac-Man! How can I help you?", PacTipOf::Program);
   } else {
     app_.screens.Close(*this);
   }

@@ -62,6 +62,9 @@ void frmPac_InputBox::LayOut() {
   Shape2.ForeColour = palette::kPeach;
   lblInput.ForeColour = kWhite;
   lblInput.WordWrap = true;
+  lblWait.Caption = u"Click on my sign to go on.";
+  lblWait.ForeColour = palette::kPeach;
+  lblWait.Visible = false;
   AccessibleName = u"Question";
   txtInputBox.AccessibleName = u"Answer";
   txtInputBox.BackColour = palette::kPanel;
@@ -108,6 +111,7 @@ void frmPac_InputBox::Load() {
   Width = 0;
   Rename(cmdYes, app_.State.PacButtonCaptions[0]);
   Rename(cmdNo, app_.State.PacButtonCaptions[1]);
+  renamed_ = !app_.State.PacButtonCaptions[1].empty();
 }
 
 void frmPac_InputBox::StandOverMain() {
@@ -141,6 +145,7 @@ void frmPac_InputBox::KeepOnScreen() {
 
 void frmPac_InputBox::Wake() {
   for (Button* button : {&cmdOk, &cmdCancel, &cmdYes, &cmdNo, &cmdAll}) button->Enabled = true;
+  lblWait.Visible = false;
   if (first_) first_->SetFocus();
 }
 
@@ -157,6 +162,7 @@ void frmPac_InputBox::LayOutQuestion(TextView question, Title title) {
   }
   DefaultButton = nullptr;
   CancelButton = &cmdNo;
+  if (renamed_) LetEscapeGiveNeither();
   if (title == Title::Warning) {
     cmdYes.Width = 735;
     cmdNo.Width = 615;
@@ -168,10 +174,40 @@ void frmPac_InputBox::LayOutQuestion(TextView question, Title title) {
   // A key that is hit by mistake is not to delete anything, whatever the captions are.
   first_ = &cmdNo;
   if (first_->Enabled) first_->SetFocus();
+  ShowWait();
+}
+
+/// Between two captions of the caller's own no button says "No".
+void frmPac_InputBox::LetEscapeGiveNeither() {
+  CancelButton = nullptr;
+  OnEscape = [this] {
+    if (cmdNo.Enabled) app_.screens.Close(*this);
+    return true;
+  };
 }
 
 void frmPac_InputBox::LayOutRequest(TextView request) {
   ShowWords(request, txtInputBox.Top - lblInput.Top);
+  ShowWait();
+}
+
+/// As long as the figure has something else to say, the buttons are dead.
+void frmPac_InputBox::ShowWait() {
+  if (cmdOk.Enabled) return;
+  constexpr int kHeight = 255;
+  Grow(kHeight);
+  for (Shape* page : {&Shape1, &Shape2}) page->Height = page->Height + kHeight;
+  lblWait.Move(360, cmdOk.Top + cmdOk.Height + 75, 2775, kHeight);
+  lblWait.Visible = true;
+  KeepOnScreen();
+}
+
+void frmPac_InputBox::ShowBefore(const std::vector<Text>& messages) {
+  if (messages.empty()) return;
+  Text words;
+  for (const Text& message : messages) words += message + u"\r\n\r\n";
+  ShowWords(words + lblInput.Caption.Get(),
+            txtInputBox.Visible ? txtInputBox.Top - lblInput.Top : lblInput.Height);
 }
 
 /// Makes the dialog higher, and with it the window that it hangs below.
@@ -192,7 +228,8 @@ void frmPac_InputBox::ShowWords(TextView words, int room) {
   for (Shape* page : {&Shape1, &Shape2}) page->Height = page->Height + more;
   for (Control* control : {static_cast<Control*>(&txtInputBox), static_cast<Control*>(&cmdOk),
                            static_cast<Control*>(&cmdCancel), static_cast<Control*>(&cmdYes),
-                           static_cast<Control*>(&cmdNo), static_cast<Control*>(&cmdAll)}) {
+                           static_cast<Control*>(&cmdNo), static_cast<Control*>(&cmdAll),
+                           static_cast<Control*>(&lblWait)}) {
     control->Top = control->Top + more;
   }
   KeepOnScreen();
@@ -200,6 +237,7 @@ void frmPac_InputBox::ShowWords(TextView words, int room) {
 
 void frmPac_InputBox::Unload() {
   AppState& state = app_.State;
+  if (renamed_ && state.PacAnswer.empty()) state.PacAnswer = u"Neither";
   state.PacButtonCaptions = {};
   state.PacPrompts[0] = false;
   if (auto* helper = app_.screens.Find<frmPac_Helper>()) {

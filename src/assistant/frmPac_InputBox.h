@@ -26,6 +26,9 @@ class frmPac_InputBox : public Form {
   /// The text page with these words over the line to type in.
   void LayOutRequest(TextView request);
 
+  /// Shows, above the question or request, what was to be told before it.
+  void ShowBefore(const std::vector<Text>& messages);
+
   /// Switches the buttons on. With the assistant on they wait for its figure to get to the
   /// question.
   void Wake();
@@ -36,6 +39,7 @@ class frmPac_InputBox : public Form {
   Button cmdOk{this}, cmdCancel{this};
   Shape Shape2{this};
   Button cmdYes{this}, cmdNo{this}, cmdAll{this};
+  Label lblWait{this};  ///< How to wake the buttons sooner.
   Timer InputBox_Timer{this, 5};
 
  private:
@@ -43,15 +47,18 @@ class frmPac_InputBox : public Form {
   void SetPictures();
   void Connect();
   void Answer(Button& button, const std::function<Text()>& answer);
+  void LetEscapeGiveNeither();
   void StandOverMain();
   void HangBelowHelper();
   void Grow(int twips);
   void ShowWords(TextView words, int room);
+  void ShowWait();
   void KeepOnScreen();
 
   Application& app_;
   float TargetWidth_ = 0;    ///< The width that the dialog opens to.
   Button* first_ = nullptr;  ///< What the keyboard is on first; nothing for the text page.
+  bool renamed_ = false;     ///< The buttons of the question have captions of the caller's own.
   bool hangs_ = false;       ///< Below the assistant's window.
   int helperGrowth_ = 0;     ///< What that window has grown by.
 };

@@ -1,5 +1,7 @@
 #include "controls/ComboBox.h"
 
+#include <utility>
+
 namespace tarvo {
 
 void ComboBox::Add(tarvo::Text item) {
@@ -30,11 +32,12 @@ void ComboBox::SetText(tarvo::Text text) {
 
 void ComboBox::Pick(std::size_t row) {
   if (!Usable()) return;
-  text_ = items_.at(row);
+  before_ = std::exchange(text_, items_.at(row));
   picked_ = static_cast<int>(row);
   Mark({});
   Changed();
   Raise(OnClick);
+  before_.reset();
 }
 
 }  // namespace tarvo

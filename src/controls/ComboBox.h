@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 
 #include "controls/Control.h"
 
@@ -25,6 +26,9 @@ class ComboBox : public Control {
 
   const tarvo::Text& Text() const { return text_; }
 
+  /// While OnClick runs what stood in the line before the pick, else the line.
+  const tarvo::Text& TextBefore() const { return before_ ? *before_ : text_; }
+
   /// Sets the line, by program or by the user's typing. A text that differs raises OnChange.
   void SetText(tarvo::Text text);
 
@@ -48,6 +52,7 @@ class ComboBox : public Control {
   std::vector<tarvo::Text> items_;
   tarvo::Text text_;
   int picked_ = -1;
+  std::optional<tarvo::Text> before_;
 };
 
 }  // namespace tarvo

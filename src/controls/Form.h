@@ -30,6 +30,16 @@ class Form : public Control {
   Property<Button*> DefaultButton{*this, nullptr};
   Property<Button*> CancelButton{*this, nullptr};
 
+  /// The Escape key was hit. Gives true when it is not to press CancelButton this time.
+  std::function<bool()> OnEscape;
+
+  /// Ctrl+Z was hit. `typed`: the field that has the keyboard can take back what was typed in it.
+  /// Gives true when the form took the key.
+  std::function<bool(bool typed)> OnUndo;
+
+  /// The user hits the Escape key. Gives false when nothing answers to it.
+  bool PressEscape();
+
   /// The manual's page on the form, such as "options.html"; empty for none of its own.
   Property<Text> HelpPage{*this, {}};
 

@@ -22,6 +22,18 @@ void DropDown::MakeEditable() {
   lineEdit()->installEventFilter(this);
 }
 
+/// The list is as wide as its rows, as far as the window is.
+void DropDown::showPopup() {
+  if (OnOpening) OnOpening();
+  constexpr int kBeside = 40;  ///< For the frame and the scroll bar.
+  int widest = 0;
+  for (int row = 0; row < count(); ++row) {
+    widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(row)));
+  }
+  view()->setMinimumWidth(std::min(widest + kBeside, window()->width()));
+  QComboBox::showPopup();
+}
+
 void DropDown::focusInEvent(QFocusEvent* event) {
   QComboBox::focusInEvent(event);
   clickedInto_ = event->reason() == Qt::MouseFocusReason;
@@ -33,11 +45,6 @@ bool DropDown::eventFilter(QObject* watched, QEvent* event) {
     if (!lineEdit()->hasSelectedText()) lineEdit()->selectAll();
   }
   return QComboBox::eventFilter(watched, event);
-}
-
-void DropDown::showPopup() {
-  if (OnOpening) OnOpening();
-  QComboBox::showPopup();
 }
 
 void DropDown::SetItems(const QStringList& items) {

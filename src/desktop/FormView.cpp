@@ -165,17 +165,17 @@ void FormView::FocusAnything() {
 
 bool FormView::Key(int key) {
   if (!Live()) return true;
-  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
-  if (!enter && key != Qt::Key_Escape) return false;
-  Button* button = enter ? model_.DefaultButton : model_.CancelButton;
+  if (key == Qt::Key_Escape) return model_.PressEscape();
+  if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+  Button* button = model_.DefaultButton;
   if (button) button->Press();
   return button != nullptr;
 }
 
 void FormView::CloseBox() {
   if (!Live() || !model_.Enabled) return;
-  if (Button* button = model_.CancelButton) {
-    button->Press();
+  if (model_.CancelButton.Get() || model_.OnEscape) {
+    model_.PressEscape();
   } else if (OnCloseBox) {
     OnCloseBox();
   }

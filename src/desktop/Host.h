@@ -25,4 +25,7 @@ bool ShowInUsersProgram(const QUrl& url);
 /// Starts a program, named by its game path. Gives false when this machine can't run it.
 bool StartProgram(TextView path);
 
+/// Starts the desktop's own program that tells of the machine; gives false where none is known.
+bool StartSystemInfo();
+
 }  // namespace tarvo

@@ -154,6 +154,15 @@ Text QtForms::HelpPage() const {
   return {};
 }
 
+bool QtForms::Undo(bool typed) {
+  for (auto at = records_.rbegin(); at != records_.rend(); ++at) {
+    const Form& form = (*at)->form;
+    const bool atHand = (*at)->view->Widget()->window() == QApplication::activeWindow();
+    if (atHand && form.Usable()) return form.OnUndo && form.OnUndo(typed);
+  }
+  return false;
+}
+
 QtForms::Record* QtForms::Find(const Form& form) const {
   const auto found = std::find_if(records_.begin(), records_.end(),
                                   [&](const auto& record) { return &record->form == &form; });

@@ -36,6 +36,9 @@ class QtForms : public FormHost {
 
   int TextHeight(const Label& label) override;
 
+  /// Ctrl+Z for the topmost form of the window that has the keyboard; see Form::OnUndo.
+  bool Undo(bool typed);
+
   /// The manual's page on what the user has before him: that of the topmost form which can be
   /// worked with and has one; empty where none has.
   Text HelpPage() const;

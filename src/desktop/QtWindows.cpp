@@ -1,6 +1,8 @@
 #include "desktop/QtWindows.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QScreen>
@@ -67,8 +69,22 @@ bool QtWindows::OpenAddress(TextView address) {
   return url.isValid() && !url.scheme().isEmpty() && open_(url);
 }
 
+Text QtWindows::PickFolder(TextView start) {
+  const QString picked = QFileDialog::getExistingDirectory(
+      QApplication::activeWindow(), QStringLiteral("Folder of the game"), OnHost(start));
+  return picked.isEmpty() ? Text() : GamePathFromArgument(picked.toStdString());
+}
+
+Text QtWindows::HomeFolder() {
+  return GamePathFromArgument(QDir::homePath().toStdString());
+}
+
 bool QtWindows::RunProgram(TextView path) {
   return StartProgram(path);
+}
+
+bool QtWindows::ShowSystemInfo() {
+  return StartSystemInfo();
 }
 
 void QtWindows::ShowManual(TextView page) {

@@ -19,14 +19,16 @@ class QtWindows : public Windows {
 
   void ShowMessage(TextView text, TextView caption, BoxIcon icon) override;
   bool OpenAddress(TextView address) override;
+  Text PickFolder(TextView start) override;
+  Text HomeFolder() override;
   bool RunProgram(TextView path) override;
+  bool ShowSystemInfo() override;
   void SetHelpFile(TextView path) override { helpFile_ = Text(path); }
   TwipSize ScreenSize() override;
   TwipArea ScreenAt(int left, int top) override;
 
-  /// Opens a page of the manual, which lies beside the help file: "options.html", or its first page
-  /// for an empty name and for a page that isn't there. What hinders it is told in a message box.
-  void ShowManual(TextView page);
+  /// The manual lies beside the help file. Its first page stands in for one that isn't there.
+  void ShowManual(TextView page) override;
 
  private:
   Opener open_;

@@ -199,6 +199,18 @@ void SkinStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
   }
 }
 
+/// A drop-down stands on the ground of a field, so its words have the colour of a field's.
+void SkinStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const {
+  const auto* box = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+  if (!box || element != CE_ComboBoxLabel) {
+    return QProxyStyle::drawControl(element, option, painter, widget);
+  }
+  QStyleOptionComboBox label(*box);
+  label.palette.setBrush(QPalette::ButtonText, label.palette.brush(QPalette::Text));
+  QProxyStyle::drawControl(element, &label, painter, widget);
+}
+
 QRect SkinStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                                 SubControl subControl, const QWidget* widget) const {
   if (const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);

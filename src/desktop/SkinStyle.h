@@ -14,6 +14,8 @@ class SkinStyle : public QProxyStyle {
                      const QWidget* widget) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                           QPainter* painter, const QWidget* widget) const override;
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override;
   QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option,
                        SubControl subControl, const QWidget* widget) const override;
   int pixelMetric(PixelMetric metric, const QStyleOption* option,

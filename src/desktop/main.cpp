@@ -8,6 +8,7 @@
 #include "desktop/QtForms.h"
 #include "desktop/QtWindows.h"
 #include "desktop/Skin.h"
+#include "desktop/UndoKey.h"
 #include "platform/HostMachine.h"
 #include "shell/frmMain.h"
 
@@ -24,6 +25,7 @@ struct Program {
   QtWindows windows;
   QtForms forms;
   HelpKey helpKey{[this] { windows.ShowManual(forms.HelpPage()); }};
+  UndoKey undoKey{[this](bool typed) { return forms.Undo(typed); }};
   PacDialogue dialogue{app};
   Application app{{*host.files, *host.settings, *host.registry, *sound, video, *host.locale,
                    *host.clock, windows},

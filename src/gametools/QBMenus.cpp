@@ -134,6 +134,7 @@ bool frmGameTools::MoveMenuShipsToOther(const Text& menuName) {
     if (IsNoPlugin(name)) continue;
     const PluginFacts* const plugin = LookAtPlugin(JoinPath(FileList4.Path(), name));
     if (!plugin || plugin->GroupLine.find(menu) == FileText::npos) continue;
+    ship_.Drop();
     cboSpecies.SetText(u"Other Ships");
     cboShipName.SetText(ShipOf(name));
     QuietMake = true;

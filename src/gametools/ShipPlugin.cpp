@@ -44,6 +44,7 @@ void frmGameTools::MakeShipPlugin() {
   txtModName.SetText({});
   txtComments.SetText({});
   txtVersion.SetText(u"1.0");
+  ship_.Settle();
 }
 
 void frmGameTools::RefuseShip(const Text& fault) {
@@ -70,6 +71,7 @@ bool frmGameTools::WriteShipPlugin() {
   if (!written) return false;
   CustomMenuChosen = false;
   cboSpecies.SetText(raceWord);
+  ship_.Settle();
   return true;
 }
 
@@ -123,7 +125,9 @@ void frmGameTools::PickShipScript() {
   if (FileList2.ListIndex() < 0) return;
   const Text& file = FileList2.Item(static_cast<std::size_t>(FileList2.ListIndex()));
   const Text ship = file.substr(0, file.size() - kEnabledEnding.size());
+  const bool dropped = ship_.Drop();
   cboShipName.SetText(Showable(ship));
+  if (!dropped) ship_.Settle();
   TellOfPlugin(ship);
 }
 
@@ -149,6 +153,7 @@ void frmGameTools::ShipNameChanged() {
 
 void frmGameTools::LoadShipPlugin() {
   PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
+  const bool dropped = ship_.Drop();
   const ShipPlugin plugin =
       ReadShipPlugin(ReadFileText(app_, PluginPath(cboShipName.Text(), kEnabledEnding)));
   txtIconName.SetText(plugin.Icon);
@@ -158,6 +163,8 @@ void frmGameTools::LoadShipPlugin() {
   txtVersion.SetText(plugin.Version);
   txtSources.SetText(plugin.Sources);
   txtComments.SetText(plugin.Comments);
+  ship_.Settle();
+  if (dropped) ship_.TellDropped(status_);
 }
 
 }  // namespace tarvo

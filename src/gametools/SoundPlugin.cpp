@@ -56,14 +56,13 @@ void frmGameTools::AddSoundEntry() {
     const Text answer = app_.dialogue.PacInputInAnyCase(
         u"Choose Phaser Sound Type...", u"Choose Phaser Sound Type of " + sound + u"...",
         Title::Question);
+    if (answer != u"Yes" && answer != u"No") return;
     sound += answer == u"Yes" ? u" Start" : u" Loop";
   }
   lstSoundInfo.BringIntoSight(
       lstSoundInfo.Add(SoundEntry(wave, sound, SoundVolume, DecimalMark())));
   FieldChanged(lstSoundInfo);
-  if (isPhaser && app_.State.PacHelper) {
-    app_.dialogue.PacMsg(u"OK!!! Adding Phaser Type!", Title::Information);
-  }
+  if (isPhaser) app_.dialogue.PacTip(u"OK!!! Adding Phaser Type!", PacTipOf::Screen);
 }
 
 void frmGameTools::lblRemoveSound_Click() {
@@ -75,15 +74,23 @@ void frmGameTools::lblRemoveSound_Click() {
 
 void frmGameTools::ReadSoundPlugin() {
   PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
+  const bool dropped = sounds_.Drop();
+  soundName_ = cboSoundName.Text();
   lstSoundInfo.Clear();
   for (Text& entry : SoundPluginEntries(ReadFileText(app_, SoundPluginPath()))) {
     lstSoundInfo.Add(std::move(entry));
   }
+  sounds_.Settle();
+  if (dropped) sounds_.TellDropped(status_);
 }
 
 void frmGameTools::cboSoundName_Change() {
+  const bool dropped = sounds_.Drop();
+  soundName_ = cboSoundName.Text();
   lstSoundInfo.Clear();
+  sounds_.Settle();
   FieldChanged(cboSoundName);
+  if (dropped) sounds_.TellDropped(status_);
 }
 
 /// When the file can't be written the entries stay, so that the user can try again.
@@ -109,6 +116,7 @@ void frmGameTools::MakeSoundPlugin() {
       u"Custom Sound Plugin " + name + Text(kSoundPluginEnding) + u" has been Created!!!",
       Title::Information);
   lstSoundInfo.Clear();
+  sounds_.Settle();
   if (!HasItem(cboSoundName, name)) cboSoundName.Add(name);
   cboSoundName.SetText({});
 }

@@ -45,6 +45,7 @@ frmGameTools::frmGameTools(Application& app)
   LayOut();
   NameControls();
   Connect();
+  MakeDrafts();
   Scroll_Timer.Enabled = false;
   app_.ProgressBars[u"Game Tools"] = &ProgressBar2;
 }
@@ -68,6 +69,8 @@ void frmGameTools::Load() {
   } catch (const PlatformError& error) {
     failure = Words(error);
   }
+  ship_.Settle();
+  sounds_.Settle();
   if (failure.empty()) return;
   app_.shell->SettleGame();
   app_.shell->ShowStatus(failure);
@@ -95,6 +98,8 @@ void frmGameTools::Unload() {
   scrolled_ = true;
   for (Button* arrow : {&imgButtonU, &imgButtonD, &imgButtonL, &imgButtonR}) arrow->LetGo();
   app_.shell->WorkScreenClosed();
+  ship_.Leave();
+  sounds_.Leave();
 }
 
 /// All lists get their folders, also those behind one that can't be shown; then the first failure
@@ -137,7 +142,7 @@ void frmGameTools::ShowTab(const Tab& tab) {
   PlayEffect(app_, u"TabBeep.wav", tab.Sound);
   status_ = Text(tab.Status);
   app_.shell->ShowStatus(status_);
-  if (app_.State.PacHelper) app_.dialogue.PacMsg(tab.Tip, Title::Information);
+  app_.dialogue.PacTip(tab.Tip, PacTipOf::Screen);
   for (Frame* area : {&fraShipInfo, &fraSound, &fraMenus, &fraIntegrity}) {
     area->Visible = area == &tab.Area;
   }

@@ -28,6 +28,7 @@
 #include "skin/ScreenSkin.h"
 #include "sounds/WeaponNames.h"
 #include "state/Application.h"
+#include "state/Draft.h"
 #include "state/FileFacts.h"
 
 namespace tarvo {
@@ -371,6 +372,11 @@ class frmGameTools : public Form {
   void PointAtRow(RowPanel::Place place);
   void PointAtNoRow();
 
+  void MakeDrafts();
+
+  Draft ship_{app_, u"Ship Plugin"};
+  Draft sounds_{app_, u"Sound Plugin"};
+  Text soundName_;   ///< The name that lstSoundInfo was made under.
   Text status_;      ///< The status line of the open tab.
   Text news_;        ///< What the last command has to tell in its place.
   int filling_ = 0;  ///< Above 0 while a routine, and not the user, fills the fields.

@@ -245,6 +245,7 @@ bool frmPackager::RunInstallation() {
 /// A package that can't be read leaves nothing at hand.
 void frmPackager::ListPackage() {
   PlayEffect(app_, u"Click.wav", kPlayUnlessBusy);
+  const bool dropped = draft_.Drop();
   ClearList();
   app_.State.ReadChunkSize = kListChunk;
   const bool read = NotingFailures(app_, BareName(PackagePath()), [&] {
@@ -253,6 +254,8 @@ void frmPackager::ListPackage() {
   app_.State.ReadChunkSize = kChunkAfterList;
   if (read) listOf_ = cboFileName.Text();
   for (const Text& entry : EntriesOf(PackageList)) lstFile.Add(BareName(entry));
+  draft_.Settle();
+  if (dropped) draft_.TellDropped(kStatus);
 }
 
 }  // namespace tarvo

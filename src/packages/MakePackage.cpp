@@ -66,6 +66,7 @@ void frmPackager::MakePackage() {
   if (written) {
     const Text path = PackagePath();
     ClearList();
+    draft_.Settle();
     cboFileName.SetText({});
     ReadPackageNames();
     cboFileName.Hint = path;

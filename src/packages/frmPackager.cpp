@@ -18,7 +18,6 @@
 namespace tarvo {
 namespace {
 
-constexpr TextView kStatus = u"Create your Ship Mod Package here...";
 constexpr TextView kPackageEnding = u".Tarvo";
 
 /// The part of `folder` behind the length of `root`, with no backslash at its end.
@@ -43,6 +42,7 @@ frmPackager::frmPackager(Application& app)
   LayOut();
   NameControls();
   Connect();
+  MakeDraft();
   HelpPage = u"packager.html";
   app_.ProgressBars[u"Packager"] = &TarvoProgress;
 }
@@ -64,14 +64,30 @@ void frmPackager::Load() {
   Guarded([&] { lstDrive.SetDrive(drive); });
   Guarded([&] { lstDir.SetPath(app_.State.GamePath); });
   ReadPackageNames();
-  if (app_.State.PacHelper) {
-    app_.dialogue.PacMsg(u"Create your Ship Mod Package here!!!", Title::Information);
-  }
+  app_.dialogue.PacTip(u"Create your Ship Mod Package here!!!", PacTipOf::Screen);
   app_.State.CurrentScreen = u"Packager";
+  draft_.Settle();
 }
 
 void frmPackager::Unload() {
   app_.shell->WorkScreenClosed();
+  draft_.Leave();
+}
+
+void frmPackager::MakeDraft() {
+  const auto show = [this](const std::vector<Text>& entries) {
+    ClearList();
+    for (const Text& entry : entries) {
+      PackageList += entry + u"\r\n";
+      lstFile.Add(BareName(entry));
+    }
+  };
+  draft_.Add(cboFileName, Draft::Kind::Beside);
+  draft_.Add(
+      {[this] { return lstFile.Count() == 0 ? std::vector<Text>() : EntriesOf(PackageList); },
+       show});
+  OnEscape = [this] { return draft_.HoldsEscape(); };
+  OnUndo = [this](bool typed) { return draft_.Undo(typed); };
 }
 
 void frmPackager::NameControls() {

@@ -19,6 +19,7 @@
 #include "platform/Files.h"
 #include "skin/ScreenSkin.h"
 #include "state/Application.h"
+#include "state/Draft.h"
 
 namespace tarvo {
 
@@ -92,6 +93,9 @@ class frmPackager : public Form {
   void LayOutCommands();
   void NameControls();
   void Connect();
+  static constexpr TextView kStatus = u"Create your Ship Mod Package here...";
+
+  void MakeDraft();
   void ReadPackageNames();
   void ClearList();
   bool MayGoOn();
@@ -112,6 +116,7 @@ class frmPackager : public Form {
   Application& app_;
   Text listOf_;    ///< The package whose list is shown; empty for the user's own choice of files.
   Text unpacked_;  ///< The package that was installed last.
+  Draft draft_{app_, u"Packager"};
 };
 
 }  // namespace tarvo

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "text/Text.h"
 
@@ -30,6 +31,14 @@ class RegistryKey {
   /// Nothing when the key has no value of that name. Throws PlatformError when there is one that
   /// can't be read. Letter case of the name is ignored.
   virtual std::optional<RegistryValue> Query(TextView valueName) = 0;
+
+  /// The same value of every registry that the user has, the first to be asked in front. Those that
+  /// name a folder which doesn't exist are left out.
+  virtual std::vector<RegistryValue> QueryAll(TextView valueName) {
+    std::vector<RegistryValue> values;
+    if (auto value = Query(valueName)) values.push_back(*std::move(value));
+    return values;
+  }
 };
 
 /// Reads of the registry, in the view of a 32-bit program. Letter case is ignored.
@@ -39,6 +48,9 @@ class Registry {
 
   /// Throws PlatformError when the key isn't there or can't be opened.
   virtual std::unique_ptr<RegistryKey> OpenKey(std::uint32_t root, TextView keyPath) = 0;
+
+  /// The drives on which the programs of these registries are installed, as game paths of folders.
+  virtual std::vector<Text> ProgramDrives() { return {}; }
 };
 
 }  // namespace tarvo

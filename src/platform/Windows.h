@@ -37,8 +37,22 @@ class Windows {
   /// is none.
   virtual bool OpenAddress(TextView address) = 0;
 
+  /// Lets the user pick a folder in the desktop's own dialog, which begins in `start`. Gives its
+  /// game path; empty when he picks none.
+  virtual Text PickFolder(TextView /*start*/) { return {}; }
+
+  /// The user's home folder, as a game path; empty where there is none.
+  virtual Text HomeFolder() { return {}; }
+
   /// Starts a program, named by its game path. Gives false when this machine can't run it.
   virtual bool RunProgram(TextView path) = 0;
+
+  /// Starts what this desktop has to tell of the machine. Gives false when there is nothing.
+  virtual bool ShowSystemInfo() { return false; }
+
+  /// Shows a page of the manual, such as "options.html"; its first one for an empty name. What
+  /// hinders it is told in a message box.
+  virtual void ShowManual(TextView /*page*/) {}
 
   /// Names the program's help file, as a game path. The key F1 opens it, or the same pages in the
   /// form that the machine can show.

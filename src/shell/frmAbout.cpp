@@ -5,6 +5,7 @@
 #include "platform/Files.h"
 #include "platform/Guarded.h"
 #include "platform/Windows.h"
+#include "state/Shell.h"
 #include "state/StartUp.h"
 
 namespace tarvo {
@@ -69,9 +70,14 @@ void frmAbout::Load() {
 
 void frmAbout::StartSysInfo() {
   const Text tool = SysInfoTool(app_);
-  if (!tool.empty() && app_.machine.windows.RunProgram(tool)) return;
-  app_.machine.windows.ShowMessage(u"System Information Is Unavailable At This Time",
-                                   u"Tarvo Packager", BoxIcon::Plain);
+  Windows& windows = app_.machine.windows;
+  if (!tool.empty() && windows.RunProgram(tool)) return;
+  if (windows.ShowSystemInfo()) return;
+  app_.shell->ShowStatus(tool.empty()
+                             ? Text(u"No program that tells of this machine has been found.")
+                             : u"Can't start " + tool);
+  windows.ShowMessage(u"System Information Is Unavailable At This Time", u"Tarvo Packager",
+                      BoxIcon::Plain);
 }
 
 }  // namespace tarvo

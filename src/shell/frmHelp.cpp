@@ -10,8 +10,8 @@ namespace {
 constexpr TextView kWebAddress = u"" TARVO_WEB_ADDRESS;
 constexpr TextView kMailAddress = u"" TARVO_MAIL_ADDRESS;
 
-void PlaceLink(Button& link, TextView address, int top) {
-  Place(link, address, kTransparent, 2400, top, 3840);
+void PlaceLink(Button& link, int top) {
+  Place(link, {}, kTransparent, 2400, top, 3840);
   link.ForeColour = palette::kBlue;
   link.Link = true;
 }
@@ -22,9 +22,19 @@ frmHelp::frmHelp(Application& app) : Form(Style::Dialog, app.MainForm), app_(app
   Caption = u"Tarvo Help Infomation...";
   HelpPage = u"help.html";
   LayOut();
-  lblLinkTarvo.OnClick = [this] { Open(Text(kWebAddress)); };
-  lblEmail.OnClick = [this] { Open(u"mailto:" + Text(kMailAddress)); };
+  ShowAddresses(kWebAddress, kMailAddress);
   cmdOk.OnClick = [this] { app_.screens.Close(*this); };
+}
+
+/// With no web page the manual is what there is to visit.
+void frmHelp::ShowAddresses(TextView web, TextView mail) {
+  lblLinkTarvo.Caption = web.empty() ? u"The manual on this computer" : Text(web);
+  lblLinkTarvo.OnClick = [this, page = Text(web)] {
+    page.empty() ? app_.machine.windows.ShowManual({}) : Open(page);
+  };
+  lblEmail.Caption = Text(mail);
+  lblEmail.OnClick = [this, address = Text(mail)] { Open(u"mailto:" + address); };
+  Label2.Visible = lblEmail.Visible = !mail.empty();
 }
 
 void frmHelp::LayOut() {
@@ -32,9 +42,9 @@ void frmHelp::LayOut() {
   Image1.Picture = u":/icon/256.png";
   Image1.Move(240, 345, 1920, 1920);
   Place(Label1, u"For Help with Tarvo, please visit:", 2400, 300, 3840);
-  PlaceLink(lblLinkTarvo, kWebAddress, 570);
+  PlaceLink(lblLinkTarvo, 570);
   Place(Label2, u"If you wish to contact me, you can do so at:", 2400, 1260, 3840);
-  PlaceLink(lblEmail, kMailAddress, 1530);
+  PlaceLink(lblEmail, 1530);
   for (Control* text :
        std::initializer_list<Control*>{&Label1, &lblLinkTarvo, &Label2, &lblEmail}) {
     text->Font = {FontRole::Normal, 9};

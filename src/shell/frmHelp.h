@@ -22,6 +22,9 @@ class frmHelp : public Form {
   Button lblEmail{this};
   Button cmdOk{this};
 
+  /// Those of the build, to begin with; an empty one is none.
+  void ShowAddresses(TextView web, TextView mail);
+
  private:
   void LayOut();
   void Open(const Text& address);

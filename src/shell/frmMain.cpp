@@ -33,8 +33,7 @@ void frmMain::Load() {
 
 void frmMain::GiveFirstTip() {
   Msg_Timer.Enabled = false;
-  if (!app_.State.PacHelper) return;
-  app_.dialogue.PacMsg(u"Click on the Make New Ship Plugin Button to Begin!!!", Title::Information);
+  app_.dialogue.PacTip(u"Click on the Make New Ship Plugin Button to Begin!!!", PacTipOf::Program);
 }
 
 /// Closed by its close box: the process ends with its last window.
@@ -63,6 +62,7 @@ void frmMain::SettleGame() {
 
 void frmMain::WorkScreenClosed() {
   ShowStatus(u"Standing By...");
+  app_.dialogue.PacForgetTips();
   if (auto* menu = app_.screens.Find<frmMainMenu>()) menu->TakeOver();
 }
 

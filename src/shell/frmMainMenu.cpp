@@ -206,6 +206,7 @@ void frmMainMenu::ShowNumber(Label& digits) {
 
 void frmMainMenu::Exit() {
   AppState& state = app_.State;
+  app_.dialogue.PacEnd();
   PlayEffect(app_, u"ShutDown.wav", kPlayToEnd);
   MediaPlayer1.Stop();
   if (state.PacHelper) {

@@ -1,9 +1,12 @@
 #pragma once
 
 #include <array>
+#include <functional>
+#include <vector>
 
 #include "controls/Button.h"
 #include "controls/CheckBox.h"
+#include "controls/ComboBox.h"
 #include "controls/DirListBox.h"
 #include "controls/DriveListBox.h"
 #include "controls/Form.h"
@@ -14,6 +17,7 @@
 #include "controls/Timer.h"
 #include "skin/ScreenSkin.h"
 #include "state/Application.h"
+#include "state/Draft.h"
 
 namespace tarvo {
 
@@ -35,6 +39,8 @@ class frmOptions : public Form {
   MediaPlayer MediaPlayer1;
   Label Label1{this};
   DirListBox lstDir;
+  ComboBox cboFolder{this};  ///< The folder as a line; its list offers the games that were found.
+  Button lblBrowse{this};
   DriveListBox lstDrive;
   Label lblFolder{this};  ///< The folder that Save would take,
   Label lblHolds{this};   ///< and whether it would.
@@ -51,10 +57,20 @@ class frmOptions : public Form {
   void LayOut();
   void NameControls();
   void Connect();
+  void ConnectFolder(const std::function<void()>& click);
+  void OfferGames();
+  void FollowTree();
+  void FollowLine();
+  void PickGame();
+  void Browse();
   void ShowFolder();
-  bool Store(const Text& folder);
+  bool Store();
 
   Application& app_;
+  Draft draft_{app_, u"Options"};
+  Text folder_;              ///< The one that Save takes.
+  std::vector<Text> games_;  ///< The folders of the rows of cboFolder.
+  bool following_ = false;   ///< A control shows what was chosen on another one.
 };
 
 }  // namespace tarvo

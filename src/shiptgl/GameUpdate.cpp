@@ -38,6 +38,10 @@ void frmTGLTools::UpdateShipTGLs() {
   fraProgress.Visible = false;
   TellOfHalves(run);
   if (app_.Failures.empty() && !run.Merged.empty()) ShowMerged(run.Merged);
+  if (!chosen.empty()) return;
+  app_.shell->ShowStatus(File2.Count() == 0
+                             ? u"There is no Ship TGL yet: make one on the New TGL tab."
+                             : u"Nothing is chosen: click the Ship TGLs that the game is to get.");
 }
 
 /// A full disk ends the run.

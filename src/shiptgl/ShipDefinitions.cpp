@@ -56,6 +56,7 @@ bool frmTGLTools::SaveShipTGL() {
         BoxIcon::Critical);
     return false;
   }
+  draft_.Settle();
   ReadListsAnew();
   DropDefinedShips();
   app_.dialogue.PacMsg(u"Ship TGL Definition has been Saved!", Title::Information);
@@ -77,18 +78,16 @@ void frmTGLTools::lblEdit_Click() {
 
 void frmTGLTools::PickDefinition() {
   BeginCommand();
+  const bool dropped = draft_.Drop();
   const Text& fileName = FileList.Item(static_cast<std::size_t>(FileList.ListIndex()));
   cboShipNames.SetText(LessEnding(fileName, 3));
   LoadShipTGL();
+  if (dropped) draft_.TellDropped(status_);
 }
 
 void frmTGLTools::LoadShipTGL() {
   const bool editing = !lblDelete.Visible;
-  if (editing) {
-    lblEdit.Enabled = true;
-    EnableFields(true);
-    cboShipNames.Enabled = false;
-  }
+  if (editing) EnableDefinition();
   const Text ship = cboShipNames.Text();
   TGLFile file(app_.machine.files);
   file.SetFilename(DefinitionPath(app_.ProgramFolder, ship));

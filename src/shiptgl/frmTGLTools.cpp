@@ -28,6 +28,26 @@ frmTGLTools::frmTGLTools(Application& app)
   LayOut();
   NameControls();
   Connect();
+  MakeDraft();
+}
+
+/// On the Delete tab nothing can be typed.
+void frmTGLTools::MakeDraft() {
+  const auto openTab = [this](const std::vector<Text>& tab) {
+    if (tab.empty()) return lblNewTGL_Click();
+    lblEditTGL_Click();
+    EnableDefinition();
+  };
+  draft_.Add({[this] { return std::vector<Text>(lblEdit.Visible ? 1 : 0); }, openTab,
+              Draft::Kind::Beside});
+  draft_.Add(cboShipNames, Draft::Kind::Beside);
+  for (TextBox* field : Fields()) draft_.Add(*field);
+  OnEscape = [this] { return draft_.HoldsEscape(); };
+  OnUndo = [this](bool typed) { return draft_.Undo(typed); };
+}
+
+std::array<TextBox*, 6> frmTGLTools::Fields() {
+  return {&txtLongName, &txtDescription, &txtWeapons, &txtShields, &txtHull, &txtTactics};
 }
 
 void frmTGLTools::Load() {
@@ -52,6 +72,7 @@ void frmTGLTools::ShowFolder(FileListBox& list, const Text& folder) {
 
 void frmTGLTools::Unload() {
   app_.shell->WorkScreenClosed();
+  draft_.Leave();
 }
 
 void frmTGLTools::NameControls() {
@@ -87,7 +108,9 @@ void frmTGLTools::Connect() {
   cboShipNames.OnClick = [this, click] {
     click();
     MarkName();
+    const bool unsaved = draft_.Drop();
     txtLongName.SetText(cboShipNames.Text());
+    if (!unsaved) draft_.Settle();
   };
   cboShipNames.OnChange = [this] { MarkName(); };
   FileList.OnClick = [this, click] {
@@ -151,7 +174,7 @@ void frmTGLTools::Open(const Tab& tab) {
   PlayEffect(app_, u"TabBeep.wav", kPlayUnlessBusy);
   status_ = Text(tab.Status);
   BeginCommand();
-  if (app_.State.PacHelper) app_.dialogue.PacMsg(tab.Hint, Title::Information);
+  app_.dialogue.PacTip(tab.Hint, PacTipOf::Screen);
   Tabs().Choose(tab.Caption);
   Skin.TabChosen();
   for (Frame* frame : {&fraShipTGL, &fraGameTGL}) frame->Visible = frame == &tab.Shown;
@@ -162,6 +185,7 @@ void frmTGLTools::Open(const Tab& tab) {
 /// One of the three tabs that share the fields. On the New tab the user names the ship and fills
 /// the fields; on the others he picks a definition first.
 void frmTGLTools::OpenDefinitions(const Tab& tab, Button& command) {
+  const bool dropped = draft_.Drop();
   Open(tab);
   const bool isNew = &command == &lblNew;
   for (Button* other : {&lblNew, &lblEdit, &lblDelete}) other->Visible = other == &command;
@@ -170,13 +194,18 @@ void frmTGLTools::OpenDefinitions(const Tab& tab, Button& command) {
   cboShipNames.Enabled = isNew;
   EnableFields(isNew);
   ResetFields();
+  if (dropped) draft_.TellDropped(status_);
 }
 
 void frmTGLTools::EnableFields(bool enabled) {
-  for (TextBox* field :
-       {&txtLongName, &txtDescription, &txtWeapons, &txtShields, &txtHull, &txtTactics}) {
-    field->Enabled = enabled;
-  }
+  for (TextBox* field : Fields()) field->Enabled = enabled;
+}
+
+/// A definition has been picked on the Edit tab.
+void frmTGLTools::EnableDefinition() {
+  lblEdit.Enabled = true;
+  EnableFields(true);
+  cboShipNames.Enabled = false;
 }
 
 void frmTGLTools::ResetFields() {
@@ -191,6 +220,7 @@ void frmTGLTools::ShowTexts(const ShipTexts& texts) {
   txtShields.SetText(texts.Shields);
   txtHull.SetText(texts.Hull);
   txtTactics.SetText(texts.Tactics);
+  draft_.Settle();
 }
 
 void frmTGLTools::BeginCommand() {

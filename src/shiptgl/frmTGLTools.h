@@ -19,6 +19,7 @@
 #include "skin/ScreenSkin.h"
 #include "state/Application.h"
 #include "state/Dialogue.h"
+#include "state/Draft.h"
 
 namespace tarvo {
 
@@ -129,12 +130,15 @@ class frmTGLTools : public Form {
   void LayOutGame();
   void NameControls();
   void LoadVideo();
+  void MakeDraft();
   void Connect();
   void Open(const Tab& tab);
   void OpenDefinitions(const Tab& tab, Button& command);
   void ResetFields();
   void ShowTexts(const ShipTexts& texts);
   void EnableFields(bool enabled);
+  void EnableDefinition();
+  std::array<TextBox*, 6> Fields();
   void PickDefinition();
   void MarkName();
   void BeginCommand();
@@ -148,6 +152,7 @@ class frmTGLTools : public Form {
   ShipTexts TextsOfFields() const;
 
   Application& app_;
+  Draft draft_{app_, u"TGL Tools"};
   Text status_;  ///< The status line of the open tab.
 };
 

@@ -15,6 +15,13 @@ enum class PacActivity {
   Talk
 };
 
+/// Whose tip a message is: something that only the assistant says.
+enum class PacTipOf {
+  Nobody,  ///< No tip: the result of a command, or a question.
+  Program,
+  Screen  ///< The work screen that is open.
+};
+
 /// As PacTalkTicks: the figure has said all that it says.
 inline constexpr std::int16_t kPacSpoken = 999;
 
@@ -51,6 +58,9 @@ struct AppState {
 
   /// Numbered as PacTitles: the message is the question of an open dialog.
   std::array<bool, 21> PacPrompts{};
+
+  /// Numbered as PacQueue.
+  std::array<PacTipOf, 21> PacTips{};
 
   bool PacAsking = false;   ///< The message that is being handed over is a question.
   bool PacExiting = false;  ///< The process ends as soon as the figure has walked off.

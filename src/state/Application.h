@@ -48,6 +48,9 @@ struct UnwrittenFiles {
   std::vector<Text> Others;  ///< The other files with their reasons, one line each.
 };
 
+/// What the user had made on a screen: each part as lines; see Draft.h.
+using DraftContents = std::vector<std::vector<Text>>;
+
 /// The one application object: the state, the doors to the machine and the one-of-each screens.
 /// Routines and screens receive it by reference; nothing else is shared, so a test can hold two.
 class Application {
@@ -77,6 +80,9 @@ class Application {
 
   /// Stands while TellingTogether runs.
   std::optional<UnwrittenFiles> Unwritten;
+
+  /// What was dropped unsaved, by the name of its draft, the last one at the end.
+  std::map<Text, std::vector<DraftContents>> Dropped;
 
   /// What other programs are told of who works on the game; empty for the desktop program, which
   /// names itself and the command.

@@ -184,10 +184,10 @@ void PlayEffect(Application& app, TextView name, unsigned flags) {
   PlaySoundFX(app, app.ProgramFolder + u"\\Sfx\\" + Text(name), flags);
 }
 
-Text FailureLine(const Application& app) {
-  if (app.Failures.empty()) return {};
-  Text line = app.Failures.front().Words;
-  const std::size_t more = app.Failures.size() - 1;
+Text FailureLine(const Application& app, std::size_t from) {
+  if (app.Failures.size() <= from) return {};
+  Text line = app.Failures[from].Words;
+  const std::size_t more = app.Failures.size() - from - 1;
   if (more > 0) line += u" (and " + TextFromUtf8(std::to_string(more)) + u" more)";
   return line;
 }

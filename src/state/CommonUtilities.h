@@ -73,11 +73,12 @@ void NoteFailure(Application& app, const RaisedError& error, TextView file);
 /// The error with the file at fault in front of its words, where they don't name it.
 RaisedError Naming(TextView file, const RaisedError& error);
 
+/// They in one line, from the one of that number on: the first, and how many more there are. Empty
+/// when there is none.
+Text FailureLine(const Application& app, std::size_t from = 0);
+
 /// Puts them into the status line again, where something else was told since.
 void ShowFailures(Application& app);
-
-/// What the status line says of them; empty without any.
-Text FailureLine(const Application& app);
 
 /// False, told and noted, while no game's folder is known: a path below it would be one of the
 /// drive's root.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "state/AppState.h"
 #include "state/Title.h"
 #include "text/Text.h"
 
@@ -13,6 +14,16 @@ class Dialogue {
 
   /// Tells the user something.
   virtual void PacMsg(TextView text, Title title) = 0;
+
+  /// Something that only an assistant says. It goes unsaid when its giver has closed before it.
+  virtual void PacTip(TextView, PacTipOf) {}
+
+  /// The work screen has closed: its tips that still wait go.
+  virtual void PacForgetTips() {}
+
+  /// The process is about to end. Tips that still wait go; results that do are told in the status
+  /// line.
+  virtual void PacEnd() {}
 
   /// Asks a question: gives "Yes" or "No", with the title Warning also "All". Any other answer,
   /// the empty text among them, counts as none of them.
@@ -30,7 +41,8 @@ class Dialogue {
   /// Asks for a line of text; empty when the user gives none.
   virtual Text PacAskText(TextView text, Title title) = 0;
 
-  /// Captions for the next PacInput alone, asked or not; its answers stay "Yes" and "No".
+  /// Captions for the next PacInput alone, asked or not; its answers stay "Yes" and "No", and with
+  /// Escape it gives "Neither".
   virtual void PacSetButtons(TextView yesCaption, TextView noCaption) = 0;
 
   /// The settings have been read, at the start of the process or anew: an assistant that is

@@ -56,24 +56,46 @@ void PrepareScript(Application& app, const Text& copy, TextView script) {
   });
 }
 
+/// Installs it, and tells what came in the way before the words that close the offer.
+void InstallAndTell(Application& app) {
+  const std::size_t before = app.Failures.size();
+  LockingGame(app, u"Install Foundation", [&] { InstallFoundation(app); });
+  const Text failed = FailureLine(app, before);
+  if (!failed.empty()) {
+    app.dialogue.PacMsg(u"Foundation has not been installed as it should be!\n\n" + failed,
+                        Title::Warning);
+  }
+  app.dialogue.PacMsg(u"Foundation System has been installed!!!", Title::Information);
+}
+
 }  // namespace
 
 void TestFoundation(Application& app) {
-  bool isMissing = false;
-  NotingFailures(
-      app, [&] { isMissing = !app.machine.files.FileExists(app.State.GamePath + Text(kMarker)); });
+  const bool noGame = app.State.GamePath.empty();
+  bool isMissing = noGame;
+  if (!noGame) {
+    NotingFailures(app, [&] {
+      isMissing = !app.machine.files.FileExists(app.State.GamePath + Text(kMarker));
+    });
+  }
   if (!isMissing) return;
+  if (noGame) {
+    app.dialogue.PacMsg(
+        u"No Game is known yet!!!  Please choose its Folder in the Options, which open after this.",
+        Title::Warning);
+  }
   PlayEffect(app, u"CriticalError.wav", kPlayToEnd);
   app.dialogue.PacMsg(u"The Newest Foundation System is not installed!!!", Title::Critical);
   PlayEffect(app, u"Question.wav", kPlay);
-  if (app.dialogue.PacInput(u"Install Foundation Now?", Title::Question) == u"Yes") {
-    LockingGame(app, u"Install Foundation", [&] { InstallFoundation(app); });
-    app.dialogue.PacMsg(u"Foundation System has been installed!!!", Title::Information);
+  const bool installs =
+      app.dialogue.PacInput(u"Install Foundation Now?", Title::Question) == u"Yes";
+  if (installs) {
+    InstallAndTell(app);
   } else {
     app.dialogue.PacMsg(u"OK Then, Please Select a Copy of BC that has Foundation Installed",
                         Title::Information);
-    app.shell->ShowOptions();
   }
+  if (noGame || !installs) app.shell->ShowOptions();
 }
 
 void InstallFoundation(Application& app) {

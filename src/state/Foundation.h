@@ -6,8 +6,8 @@ namespace tarvo {
 
 /// The care of Foundation, the game's script system, which all that we bring into the game needs.
 
-/// Where the game lacks Foundation, offers to install it; when the user declines, opens the options
-/// so that he picks another game.
+/// Where the game lacks Foundation, offers to install it; when the user declines, or no game is
+/// known, opens the options so that he picks another game.
 void TestFoundation(Application& app);
 
 /// Copies the folders below \Foundation of the program folder over those of the game. Scripts of

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "state/CommonUtilities.h"
 #include "state/Foundation.h"
 #include "state/GameLock.h"
+#include "state/Shell.h"
 #include "text/LetterCase.h"
 #include "text/Paths.h"
 #include "text/Utf8.h"
@@ -56,7 +58,8 @@ class Upgrade {
  public:
   explicit Upgrade(Application& app) : app_(app), files_(app.machine.files) {}
 
-  void Run() {
+  /// Gives the number of files that were kept.
+  std::size_t Run() {
     FindPlaces();
     Bring(kCustom, kShips);
     Bring(kPlugins, kAutoload);
@@ -66,6 +69,7 @@ class Upgrade {
     DeleteOld();
     BringToDisk();
     files_.Remove(NotePath(app_));
+    return kept_.size();
   }
 
  private:
@@ -173,6 +177,7 @@ class Upgrade {
       const bool stands = files_.FileExists(kept);
       if (stands && !SameBytes(files_, path, kept)) continue;
       if (!stands) CopyOneFile(files_, path, kept, newFile);
+      kept_.insert(kept);
       return kept;
     }
   }
@@ -223,6 +228,7 @@ class Upgrade {
   Files& files_;
   Text old_;                     ///< The real path of the old folder; empty where it is a link.
   std::map<Text, Text> copies_;  ///< Where the bytes of a file stand beside it.
+  std::set<Text> kept_;          ///< What this upgrade has put aside.
   std::vector<Text> doomed_;     ///< The files to delete.
   std::vector<Text> folders_;    ///< The folders to delete, each behind those in it.
 };
@@ -239,7 +245,14 @@ void TestOldLayout(Application& app) {
 }
 
 void UpgradeOldLayout(Application& app) {
-  if (!NotingFailures(app, [&] { Upgrade(app).Run(); })) return;
+  std::size_t kept = 0;
+  if (!NotingFailures(app, [&] { kept = Upgrade(app).Run(); })) return;
+  if (kept > 0) {
+    app.shell->ShowStatus(
+        TextFromUtf8(std::to_string(kept)) +
+        (kept == 1 ? u" file of the old layout is" : u" files of the old layout are") +
+        u" kept in " + KeptFolder(app));
+  }
   app.machine.windows.ShowMessage(u"Tarvo " + app.State.AppVersion + u" has upgraded your files!",
                                   u"", BoxIcon::Plain);
 }

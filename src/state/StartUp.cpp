@@ -16,6 +16,7 @@
 #include "state/PendingWork.h"
 #include "state/Shell.h"
 #include "state/StoredFlag.h"
+#include "text/Paths.h"
 #include "text/Utf8.h"
 
 namespace tarvo {
@@ -28,19 +29,21 @@ Text ReadSetting(Application& app, TextView key, TextView fallback) {
 /// A folder that can't be looked at, on a drive that doesn't answer, isn't given up for that.
 bool MayHoldGame(Application& app, const Text& folder) {
   bool holds = true;
-  NotingFailures(app, [&] { holds = app.machine.files.FileExists(folder + u"\\stbc.exe"); });
+  NotingFailures(app, [&] { holds = app.machine.files.FileExists(JoinPath(folder, kGameFile)); });
   return holds;
 }
 
+constexpr TextView kGameKeys[] = {
+    u"SOFTWARE\\Activision\\Star Trek: Bridge Commander\\V1.0",
+    u"SOFTWARE\\Activision\\Star Trek: Bridge Commander\\V1.1",
+};
+constexpr TextView kGameValue = u"INSTALLPATH";
+
 /// The game's folder in the registry; empty when there is none.
 Text RegisteredGame(Application& app) {
-  for (const TextView version : {u"V1.0", u"V1.1"}) {
+  for (const TextView key : kGameKeys) {
     Text folder;
-    Guarded([&] {
-      folder = helper_RegReadString(
-          app, kLocalMachine,
-          u"SOFTWARE\\Activision\\Star Trek: Bridge Commander\\" + Text(version), u"INSTALLPATH");
-    });
+    Guarded([&] { folder = helper_RegReadString(app, kLocalMachine, key, kGameValue); });
     if (!folder.empty()) return folder;
   }
   return {};
@@ -88,6 +91,19 @@ FoundGame FindGame(Application& app) {
   Text registered = RegisteredGame(app);
   if (registered.empty()) return {};
   return {std::move(registered), GameSource::Registry};
+}
+
+std::vector<Text> RegisteredGames(Application& app) {
+  std::vector<Text> folders;
+  for (const TextView key : kGameKeys) {
+    Guarded([&] {
+      const auto opened = app.machine.registry.OpenKey(kLocalMachine, key);
+      for (RegistryValue& value : opened->QueryAll(kGameValue)) {
+        if (!value.String.empty()) folders.push_back(std::move(value.String));
+      }
+    });
+  }
+  return folders;
 }
 
 void MakeProgramFolders(Application& app) {
@@ -152,6 +168,7 @@ void StartUpSequence(Application& app) {
   app.shell->ShowStatus(u"Standing By...");
   TakeUpUnfinished(app);
   TestFoundation(app);
+  if (state.GamePath.empty()) return;  // The paths would begin at the root of a drive.
   ClearGameTextsReadOnly(app);
   TestOldLayout(app);
 }

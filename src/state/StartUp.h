@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "platform/Registry.h"
 #include "state/Application.h"
@@ -10,6 +11,9 @@ namespace tarvo {
 /// The settings store's address; the keys are GamePath, PacHelper, SoundFX and VideoFX.
 inline constexpr TextView kSettingsApplication = u"Tarvo Packager";
 inline constexpr TextView kSettingsSection = u"Settings";
+
+/// The file by which the game's folder is known.
+inline constexpr TextView kGameFile = u"stbc.exe";
 
 /// Where the game's folder was found.
 enum class GameSource { Nowhere, Settings, Registry };
@@ -22,6 +26,9 @@ struct FoundGame {
 /// Looks for the game's folder and stores nothing: the stored folder if it holds stbc.exe, whether
 /// a registry key can be opened or not; else the registry's under V1.0, else under V1.1.
 FoundGame FindGame(Application& app);
+
+/// The game's folders that all registries of the user name, whether the game is there or not.
+std::vector<Text> RegisteredGames(Application& app);
 
 /// Makes the folders Tarvos, ShipTGLs and QBMenus of the program folder where they are missing.
 void MakeProgramFolders(Application& app);

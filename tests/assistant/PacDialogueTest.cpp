@@ -55,6 +55,29 @@ TEST_F(Question, WaitsItsTurnBehindAnyNumberOfMessages) {
   }
 }
 
+TEST_F(Question, IsServedAtTheNextTickBelowTheResultsThatCameBeforeIt) {
+  StartAndSettle();
+  const int tall = helper->Height;
+  Say(u"in progress");
+  machine.dialogue.PacTip(u"A tip", PacTipOf::Screen);
+  for (const TextView result : {u"one", u"two"}) Say(result);
+  bool served = false;
+  machine.onDialog = [&](frmPac_InputBox& dialog) {
+    EXPECT_TRUE(dialog.lblWait.Visible);
+    Hear(2000);
+    EXPECT_TRUE(dialog.cmdYes.Enabled);
+    EXPECT_FALSE(dialog.lblWait.Visible);
+    EXPECT_EQ(dialog.lblInput.Caption.Get(), u"one\r\n\r\ntwo\r\n\r\nSure?");
+    served = true;
+  };
+  machine.dialogue.PacInput(u"Sure?", Title::Question);
+  machine.Turn();
+  Settle();
+  EXPECT_TRUE(served);
+  EXPECT_THAT(Words(), testing::ElementsAre(u"in progress", u"Sure?", u"A tip"));
+  EXPECT_EQ(helper->Height, tall);
+}
+
 TEST_F(Question, ThatStandsInTheBubbleIsNotAskedAgain) {
   StartAndSettle();
   machine.answers = {u"Yes", u"one", u"two"};

@@ -90,9 +90,9 @@ TEST_F(SoundPluginScreen, PhasersHaveTwoSounds) {
   };
   frmGameTools& screen = OpenTab({u"?"});
   screen.cboSoundName.SetText(u"x");
-  for (const Case& c :
-       {Case{u"Galaxy Phaser", {u"Yes"}, u"Galaxy Phaser Start"},
-        Case{u"Galaxy Phaser", {u"No"}, u"Galaxy Phaser Loop"}, Case{u"phaser", {}, u"phaser"}}) {
+  for (const Case& c : {Case{u"Galaxy Phaser", {u"Yes"}, u"Galaxy Phaser Start"},
+                        Case{u"Galaxy Phaser", {u"No"}, u"Galaxy Phaser Loop"},
+                        Case{u"Galaxy Phaser", {u""}, u""}, Case{u"phaser", {}, u"phaser"}}) {
     screen.lstSoundInfo.Clear();
     screen.lstWeapons.Clear();
     screen.lstWeapons.SetSelected(screen.lstWeapons.Add(Text(c.weapon)), true);
@@ -100,7 +100,9 @@ TEST_F(SoundPluginScreen, PhasersHaveTwoSounds) {
     machine.questions.clear();
     screen.lblAddSound.Press();
     EXPECT_EQ(machine.questions.size(), c.answers.size());
-    EXPECT_THAT(Entries(screen), ElementsAre(u"torp.wav\", \"" + Text(c.sound) + u"\", 1"));
+    std::vector<Text> expected;
+    if (!c.sound.empty()) expected.push_back(u"torp.wav\", \"" + Text(c.sound) + u"\", 1");
+    EXPECT_EQ(Entries(screen), expected);
   }
   EXPECT_TRUE(machine.boxes.empty());
 }

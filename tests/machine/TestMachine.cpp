@@ -84,6 +84,7 @@ void TestMachine::RunModal(Form& form) {
   auto& dialog = static_cast<frmPac_InputBox&>(form);
   questions.push_back(dialog.lblInput.Caption);
   if (onDialog) onDialog(dialog);
+  if (!app.screens.IsOpen(dialog)) return;
   for (waited = 0; !dialog.cmdYes.Enabled; waited += 40) {
     if (waited > 200'000) throw std::runtime_error("nothing answers the dialog");
     Pass(40);

@@ -79,6 +79,9 @@ class TestMachine : public FormHost, public Windows {
   std::function<void(Form&)> atDialog;  ///< What the user does in dialogs other than questions.
   std::vector<Text> opened;             ///< The addresses and programs that were to be opened,
   bool canOpen = false;                 ///< which succeeds.
+  bool hasInfo = false;                 ///< The desktop tells of the machine.
+  Text picked;                          ///< The folder that he picks.
+  Text home;                            ///< His home folder.
   std::function<void(frmPac_InputBox&)> onDialog;  ///< What else he does before he answers.
   int waited = 0;      ///< Milliseconds that the last dialog took to wake.
   int textHeight = 0;  ///< As FormHost::TextHeight, of every label.
@@ -92,7 +95,11 @@ class TestMachine : public FormHost, public Windows {
     opened.emplace_back(address);
     return canOpen;
   }
+  Text PickFolder(TextView) override { return picked; }
+  Text HomeFolder() override { return home; }
   bool RunProgram(TextView path) override { return OpenAddress(path); }
+  bool ShowSystemInfo() override { return hasInfo && OpenAddress(u"the desktop's own"); }
+  void ShowManual(TextView) override { opened.emplace_back(u"the manual"); }
   void SetHelpFile(TextView path) override { helpFile = path; }
   TwipSize ScreenSize() override { return screen; }
 

@@ -104,6 +104,14 @@ TEST_F(WineRegistryTest, TakesTheFirstPrefixWhoseFolderExists) {
   EXPECT_EQ(Query(all, u"Gone"), folder.Game(u"first\\drive_c\\Gone"));
   EXPECT_EQ(Query(all, u"Word"), u"first");
   EXPECT_EQ(WineRegistry(all).OpenKey(kLocalMachine, kKey)->Query(u"Gone")->Type, 2u);
+  std::vector<Text> paths;
+  WineRegistry registry(all);
+  for (const auto& value : registry.OpenKey(kLocalMachine, kKey)->QueryAll(u"Path")) {
+    paths.push_back(value.String);
+  }
+  EXPECT_EQ(paths, (std::vector<Text>{folder.Game(u"second\\drive_c\\BC"),
+                                      folder.Game(u"third\\drive_c\\BC")}));
+  EXPECT_EQ(registry.ProgramDrives().back(), folder.Game(u"third\\drive_c"));
 }
 
 TEST_F(WineRegistryTest, RefusesKeysThatNoPrefixHas) {

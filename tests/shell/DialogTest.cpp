@@ -68,6 +68,14 @@ TEST_F(Dialog, GivesTheAnswersOfItsButtons) {
   EXPECT_EQ(machine.dialogue.PacAskText(u"Name?", Title::Question), u"typed");
 }
 
+TEST_F(Dialog, EscapeAnswersNoUnlessTheCallerHasCaptionsOfHisOwn) {
+  machine.onDialog = [](frmPac_InputBox& dialog) { dialog.PressEscape(); };
+  EXPECT_EQ(machine.dialogue.PacInput(u"Sure?", Title::Question), u"No");
+  machine.Turn();
+  machine.dialogue.PacSetButtons(u"Start", u"Loop");
+  EXPECT_EQ(machine.dialogue.PacInput(u"Which?", Title::Question), u"Neither");
+}
+
 TEST_F(Dialog, ChangedCaptionsAreForOneDialogOnly) {
   machine.dialogue.PacSetButtons(u"Start", u"Loop");
   EXPECT_EQ(Open().cmdYes.Caption.Get(), u"Start");

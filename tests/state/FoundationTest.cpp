@@ -2,6 +2,8 @@
 
 #include "machine/TestMachine.h"
 #include "platform/Sound.h"
+#include "shell/frmMainMenu.h"
+#include "shell/frmOptions.h"
 #include "state/Foundation.h"
 #include "state/StartUp.h"
 
@@ -116,6 +118,7 @@ TEST_F(FoundationTest, ChangesNothingWithoutFoldersToCopyAndSaysSo) {
     StartUpSequence(machine.app);
     EXPECT_NE(Status().find(copy), Text::npos);
     EXPECT_EQ(machine.boxes.back(), kInstalled);
+    EXPECT_NE(machine.boxes[machine.boxes.size() - 2].Message.find(Status()), Text::npos);
     EXPECT_EQ(machine.Bytes(scripts + u"\\Foundation.pyc"), "compiled");
     EXPECT_EQ(machine.disk->Attributes(scripts + u"\\Foundation.py") & kReadOnlyFile,
               kReadOnlyFile);
@@ -169,14 +172,28 @@ TEST_F(FoundationTest, FileThatCantBeWrittenIsNotedAndOfferedAgain) {
   EXPECT_EQ(Status(), u"Standing By...");
 }
 
-TEST_F(FoundationTest, NothingIsInstalledWhereNoGameIsKnown) {
+TEST_F(FoundationTest, WithNoGameItSaysThatAndOpensTheOptionsAfterAnyAnswer) {
   PutCopy();
   machine.disk->Remove(game + u"\\stbc.exe");
-  machine.answers = {u"Yes"};
-  machine.Start();
-  EXPECT_EQ(machine.app.State.GamePath, u"");
-  EXPECT_EQ(machine.boxes, (std::vector{kLacking, kInstalled}));
-  EXPECT_EQ(Status(), u"Foundation isn't installed: no game is known");
+  for (const bool installs : {true, false}) {
+    machine.boxes.clear();
+    machine.answers = {installs ? u"Yes" : u"No"};
+    if (!machine.app.MainForm)
+      machine.Start();
+    else
+      StartUpSequence(machine.app);
+    EXPECT_EQ(machine.app.State.GamePath, u"");
+    ASSERT_EQ(machine.boxes.size(), installs ? 4u : 3u);
+    EXPECT_TRUE(machine.boxes[0].Message.starts_with(u"No Game is known yet!!!"));
+    EXPECT_EQ(machine.boxes[1], kLacking);
+    EXPECT_EQ(machine.boxes.back(), installs ? kInstalled : kDeclined);
+    EXPECT_EQ(machine.boxes[2].Message.ends_with(u"no game is known"), installs);
+    auto* options = machine.app.screens.Find<frmOptions>();
+    ASSERT_TRUE(options && options->Visible);
+    EXPECT_FALSE(machine.app.screens.Find<frmMainMenu>()->Enabled);
+    options->lblExit.Press();
+    machine.Turn();
+  }
   EXPECT_EQ(machine.files.Steps(FileStep::Replace), 0);
 }
 

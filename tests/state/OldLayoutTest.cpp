@@ -10,7 +10,7 @@ TEST(OldLayout, PlugInsMoveAndTheRestIsKept) {
   game.PutEverything();
   game.Run();
   EXPECT_EQ(game.machine.boxes, std::vector{kUpgraded});
-  EXPECT_EQ(game.Status(), u"Standing By...");
+  EXPECT_EQ(game.Status(), u"9 files of the old layout are kept in " + game.kept);
   EXPECT_EQ(game.Scripts(), (Names{u"\\Custom\\AutoLoad\\Effects.py",
                                    u"\\Custom\\AutoLoad\\Same.py", u"\\Custom\\FoundationConfig.py",
                                    u"\\Custom\\Ships\\Akira.py", u"\\Custom\\Ships\\Borg.py"}));

@@ -100,6 +100,9 @@ class MemoryRegistry : public Registry {
   /// The key is there, but can't be opened.
   void Lock(TextView keyPath);
 
+  std::vector<Text> ProgramDrives() override { return Drives; }
+  std::vector<Text> Drives;
+
   /// The value is there, but can't be read.
   void LockValue(TextView keyPath, TextView valueName);
 

@@ -88,18 +88,18 @@ TEST(UpdateTest, WritesNothingThatTheLoaderWouldRefuse) {
       {"blank", [](TGLStrings& strings) { strings.Lookup(u"yes")->Name = u" "; }},
       {"cut short", [](TGLStrings& strings) { strings.Add(Text(u"a\0", 2), u"d", u"m"); }},
   };
-  TestFiles files;
+  MemoryFiles files;
   TGLFile file = ExampleIn(files);
   file.Strings().Add(u"??", u"d", u"m");
   file.Update(kPath, true);
-  const FileText old = files[kPath];
+  const FileText old = files.Bytes(kPath);
   for (const auto& [name, change] : cases) {
     file.SetFilename(kPath);
     file.Load();
     change(file.Strings());
     EXPECT_THAT(Raised([&] { file.Update(kPath, true); }), testing::StartsWith("TGLFileRep.Write"))
         << name;
-    EXPECT_EQ(files[kPath], old) << name;
+    EXPECT_EQ(files.Bytes(kPath), old) << name;
   }
 }
 

@@ -3,7 +3,10 @@
 #include <QDesktopServices>
 #include <QFileInfo>
 #include <QProcess>
+#include <QStandardPaths>
+#include <QStringList>
 #include <QUrl>
+#include <algorithm>
 
 #include "desktop/SdlSound.h"
 #include "platform/HostMachine.h"
@@ -23,6 +26,21 @@ bool ShowInUsersProgram(const QUrl& url) {
 bool StartProgram(TextView path) {
   const QString program = QString::fromStdString(HostPath(path));
   return QFileInfo(program).isFile() && QProcess::startDetached(program, {});
+}
+
+bool StartSystemInfo() {
+  const struct {
+    const char* Program;
+    QStringList Arguments;
+  } kTools[] = {{"kinfocenter", {}},
+                {"gnome-control-center", {"info-overview"}},
+                {"cinnamon-settings", {"info"}},
+                {"hardinfo", {}},
+                {"hardinfo2", {}}};
+  return std::ranges::any_of(kTools, [](const auto& tool) {
+    const QString program = QStandardPaths::findExecutable(tool.Program);
+    return !program.isEmpty() && QProcess::startDetached(program, tool.Arguments);
+  });
 }
 
 }  // namespace tarvo

@@ -30,4 +30,9 @@ bool StartProgram(TextView path) {
   return StartInShell(path);
 }
 
+/// The registry knows it.
+bool StartSystemInfo() {
+  return false;
+}
+
 }  // namespace tarvo

@@ -88,6 +88,17 @@ class WineKey : public RegistryKey {
     return first;
   }
 
+  std::vector<RegistryValue> QueryAll(TextView valueName) override {
+    std::vector<RegistryValue> values;
+    for (const Source& source : sources_) {
+      const auto found = source.Values.find(FoldCase(valueName));
+      if (found == source.Values.end()) continue;
+      Translated translated = Translate(source.Prefix, found->second);
+      if (translated.Usable) values.push_back(std::move(translated.Value));
+    }
+    return values;
+  }
+
  private:
   std::vector<Source> sources_;
 };
@@ -130,6 +141,15 @@ std::unique_ptr<RegistryKey> WineRegistry::OpenKey(std::uint32_t root, TextView 
   const Text name = (isLocal ? u"HKEY_LOCAL_MACHINE\\" : u"") + Text(keyPath);
   if (sources.empty()) throw PlatformError(u"open", name, ENOENT);
   return std::make_unique<WineKey>(std::move(sources));
+}
+
+std::vector<Text> WineRegistry::ProgramDrives() {
+  std::vector<Text> drives;
+  for (const std::string& prefix : prefixes_) {
+    Text drive = GamePathOf(RealPath(JoinHostPath(prefix, "dosdevices/c:")));
+    if (!drive.empty()) drives.push_back(std::move(drive));
+  }
+  return drives;
 }
 
 }  // namespace tarvo

@@ -19,6 +19,7 @@ class WineRegistry : public Registry {
   explicit WineRegistry(std::vector<std::string> prefixes) : prefixes_(std::move(prefixes)) {}
 
   std::unique_ptr<RegistryKey> OpenKey(std::uint32_t root, TextView keyPath) override;
+  std::vector<Text> ProgramDrives() override;
 
  private:
   std::vector<std::string> prefixes_;

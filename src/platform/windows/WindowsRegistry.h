@@ -8,6 +8,7 @@ namespace tarvo {
 class WindowsRegistry : public Registry {
  public:
   std::unique_ptr<RegistryKey> OpenKey(std::uint32_t root, TextView keyPath) override;
+  std::vector<Text> ProgramDrives() override;
 };
 
 }  // namespace tarvo
