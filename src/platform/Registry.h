@@ -49,7 +49,8 @@ class Registry {
   /// Throws PlatformError when the key isn't there or can't be opened.
   virtual std::unique_ptr<RegistryKey> OpenKey(std::uint32_t root, TextView keyPath) = 0;
 
-  /// The drives on which the programs of these registries are installed, as game paths of folders.
+  /// The drives that these registries have to themselves, as game paths of folders: those of Wine's
+  /// prefixes. A real computer's own drives aren't among them, which are too large to be searched.
   virtual std::vector<Text> ProgramDrives() { return {}; }
 };
 

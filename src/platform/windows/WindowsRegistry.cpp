@@ -36,12 +36,4 @@ std::unique_ptr<RegistryKey> WindowsRegistry::OpenKey(std::uint32_t root, TextVi
   return std::make_unique<WindowsKey>(key, name);
 }
 
-/// The drive that Windows itself lies on.
-std::vector<Text> WindowsRegistry::ProgramDrives() {
-  wchar_t folder[MAX_PATH];
-  const UINT length = GetSystemWindowsDirectoryW(folder, MAX_PATH);
-  if (length < 2 || length >= MAX_PATH) return {};
-  return {TextFromWide(std::wstring_view(folder, 2)) + u"\\"};
-}
-
 }  // namespace tarvo

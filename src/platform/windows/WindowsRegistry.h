@@ -8,7 +8,6 @@ namespace tarvo {
 class WindowsRegistry : public Registry {
  public:
   std::unique_ptr<RegistryKey> OpenKey(std::uint32_t root, TextView keyPath) override;
-  std::vector<Text> ProgramDrives() override;
 };
 
 }  // namespace tarvo
