@@ -17,6 +17,31 @@ void Gather(Files& files, const Text& folder, const Text& prefix, std::vector<Te
   }
 }
 
+TextView NameOf(BoxIcon icon) {
+  switch (icon) {
+    case BoxIcon::Information:
+      return u"information";
+    case BoxIcon::Question:
+      return u"question";
+    case BoxIcon::Exclamation:
+      return u"warning";
+    case BoxIcon::Critical:
+      return u"critical";
+    case BoxIcon::Plain:
+      break;
+  }
+  return u"plain";
+}
+
+Text OneLine(TextView text) {
+  Text line;
+  for (const char16_t unit : text) {
+    if (unit == u'\n') line += u"\\n";
+    if (unit != u'\n' && unit != u'\r') line += unit;
+  }
+  return line;
+}
+
 }  // namespace
 
 TestMachine::TestMachine() {
@@ -66,6 +91,7 @@ std::vector<Text> TestMachine::FilesBelow(TextView path) {
 
 void TestMachine::ShowMessage(TextView text, TextView, BoxIcon icon) {
   boxes.push_back({Text(text), icon});
+  if (OnNotice) OnNotice(u"box " + Text(NameOf(icon)) + u" \"" + OneLine(text) + u"\"");
 }
 
 void TestMachine::Pass(int milliseconds) {
@@ -94,11 +120,24 @@ void TestMachine::RunModal(Form& form) {
     answer = answers.front();
     answers.pop_front();
   }
+  if (OnNotice) {
+    Text captions;
+    for (const Button* button : {&dialog.cmdYes, &dialog.cmdNo, &dialog.cmdAll}) {
+      if (button->Visible) captions += u" [" + button->Caption.Get() + u"]";
+    }
+    OnNotice(u"question \"" + OneLine(questions.back()) + u"\"" + captions + u" -> \"" + answer +
+             u"\"");
+  }
+  Answer(dialog, answer);
+}
+
+/// An empty one closes a question by its close box.
+void TestMachine::Answer(frmPac_InputBox& dialog, const Text& answer) {
   if (dialog.txtInputBox.Visible) {
     dialog.txtInputBox.SetText(answer);
     dialog.cmdOk.Press();
   } else if (answer.empty()) {
-    app.screens.Close(form);
+    app.screens.Close(dialog);
   } else {
     (answer == u"Yes" ? dialog.cmdYes : answer == u"All" ? dialog.cmdAll : dialog.cmdNo).Press();
   }

@@ -72,10 +72,11 @@ class TestMachine : public FormHost, public Windows {
                   dialogue,
                   ProgramFolder()};
 
-  std::vector<Box> boxes;       ///< What message boxes have shown.
-  std::vector<Text> questions;  ///< What the dialog has asked.
-  std::deque<Text> answers;     ///< The user's answers to come; with none left he says "No". An
-                                ///< empty one closes a question by its close box.
+  std::function<void(const Text&)> OnNotice;  ///< Hears of boxes and questions, in order.
+  std::vector<Box> boxes;                     ///< What message boxes have shown.
+  std::vector<Text> questions;                ///< What the dialog has asked.
+  std::deque<Text> answers;  ///< The user's answers to come; with none left he says "No". An
+                             ///< empty one closes a question by its close box.
   std::function<void(Form&)> atDialog;  ///< What the user does in dialogs other than questions.
   std::vector<Text> opened;             ///< The addresses and programs that were to be opened,
   bool canOpen = false;                 ///< which succeeds.
@@ -110,6 +111,8 @@ class TestMachine : public FormHost, public Windows {
   int TextHeight(const Label&) override { return textHeight; }
 
  private:
+  void Answer(frmPac_InputBox& dialog, const Text& answer);
+
   int passed_ = 0;  ///< Milliseconds of Pass so far.
 };
 

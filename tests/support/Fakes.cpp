@@ -32,6 +32,7 @@ std::tuple<Text, Text, Text> Place(TextView application, TextView section, TextV
 void RecordingSound::Play(TextView file, unsigned flags) {
   const bool isSilenced = Busy && (flags & kSoundNoStop) != 0;
   Orders.push_back({Text(file), flags, !isSilenced});
+  if (OnPlay) OnPlay(Orders.back());
 }
 
 std::unique_ptr<VideoOpening> RecordingVideo::Open(TextView file, int, int,

@@ -30,6 +30,7 @@ class RecordingSound : public Sound {
   void Play(TextView file, unsigned flags) override;
 
   std::vector<Order> Orders;
+  std::function<void(const Order&)> OnPlay;
   bool Busy = false;  ///< A sound is playing. The test sets it; playing doesn't.
 };
 
