@@ -5,13 +5,15 @@
 //   TARVO_FAULTS_AT       the number of the call, from 1
 //   TARVO_FAULTS_CODE     its errno; 0 kills
 //   TARVO_FAULTS_ONWARDS  set: all calls behind it fail likewise
-//   TARVO_FAULTS_REPORT   the file for "planted" with the call, "stack", and at the exit "calls"
+//   TARVO_FAULTS_REPORT   the file for "planted" with the call, "stack", at the exit "calls", and
+//                         "background" with the number of a process that goes on
 //   TARVO_FAULTS_LOG      set: for each "call", too
 
 #include <dirent.h>
 #include <dlfcn.h>
 #include <execinfo.h>
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/auxv.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -60,6 +62,10 @@ void Say(const std::string& words) {
 
 __attribute__((destructor)) void SayCalls() {
   Say("calls " + std::to_string(seen));
+}
+
+__attribute__((constructor)) void TellOfBackground() {
+  pthread_atfork(nullptr, nullptr, [] { Say("background " + std::to_string(getpid())); });
 }
 
 /// Where in the program the call stands, from the inside out, as offsets into its file.

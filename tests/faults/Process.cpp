@@ -43,12 +43,19 @@ pid_t Spawn(const Words& words, const Words& environment, const std::string& fol
   return process;
 }
 
+/// False when it hasn't ended after a minute.
+bool Ends(pid_t process) {
+  pollfd end{static_cast<int>(syscall(SYS_pidfd_open, process, 0)), POLLIN, 0};
+  if (end.fd == -1) return true;
+  const bool ends = poll(&end, 1, kMinute) != 0;
+  close(end.fd);
+  return ends;
+}
+
 /// Gives its exit status, the number of the signal as a negative one, or kHung.
 int Wait(pid_t process) {
-  pollfd end{static_cast<int>(syscall(SYS_pidfd_open, process, 0)), POLLIN, 0};
-  const bool hung = poll(&end, 1, kMinute) == 0;
+  const bool hung = !Ends(process);
   if (hung) kill(process, SIGKILL);
-  close(end.fd);
   int status = 0;
   waitpid(process, &status, 0);
   if (hung) return kHung;
@@ -73,6 +80,10 @@ int Run(const Words& words, const Words& environment, const std::string& folder,
   const bool hung = poll(&last, 1, kMinute) == 0;
   close(ends[0]);
   return hung ? kHung : status;
+}
+
+void WaitForEnd(pid_t process) {
+  if (!Ends(process)) throw std::runtime_error("a process in the background hangs");
 }
 
 std::string BytesOf(const std::string& path) {

@@ -19,10 +19,14 @@ pid_t Start(const Words& words, const Words& environment, const std::string& fol
 
 constexpr int kHung = 1000;
 
-/// Waits for its end and that of what it leaves running in the background. Gives its exit status,
-/// the number of the signal as a negative one, or kHung for what took longer than a minute.
+/// Waits for its end and that of what it leaves running in the background, which may hold its locks
+/// for a moment longer. Gives its exit status, the number of the signal as a negative one, or kHung
+/// for what took longer than a minute.
 int Run(const Words& words, const Words& environment, const std::string& folder,
         const std::string& output);
+
+/// Returns once a process of anybody has let go of all its locks.
+void WaitForEnd(pid_t process);
 
 /// Empty for a file that isn't there.
 std::string BytesOf(const std::string& path);

@@ -82,6 +82,7 @@ Trials::Ran Trials::Run(const Words& line, const Words& orders) {
     if (word == "call") ran.Calls.push_back(rest);
     if (word == "planted") ran.Planted = rest;
     if (word == "stack") ran.Stack = rest;
+    if (word == "background") WaitForEnd(std::stoi(rest));
   }
   return ran;
 }
