@@ -7,6 +7,7 @@
 #include "assistant/frmPac_InputBox.h"
 #include "platform/Windows.h"
 #include "state/Shell.h"
+#include "text/Lines.h"
 
 namespace tarvo {
 namespace {
@@ -51,11 +52,9 @@ void PacDialogue::PacForgetTips() {
 
 void PacDialogue::PacEnd() {
   DropTips(app_.State, true);
-  Text words;
   std::vector<Text> results = TakeResults(app_.State);
   if (!unsaid_.empty()) results.push_back(unsaid_);
-  for (const Text& result : results) words += (words.empty() ? Text() : u"  ") + result;
-  if (!words.empty()) app_.shell->ShowStatus(words);
+  if (!results.empty()) app_.shell->ShowStatus(Joined(results, u"  "));
 }
 
 void PacDialogue::Hand(const Message& message) {

@@ -143,10 +143,8 @@ void SetField(TextBox& field, const std::optional<std::string>& typed) {
 
 /// A menu that isn't in the list goes into the plug-in as it is typed.
 void PickMenu(ComboBox& box, const Text& menu) {
-  for (std::size_t row = 0; row < box.Count(); ++row) {
-    if (box.Item(row) == menu) return box.Pick(row);
-  }
-  box.SetText(menu);
+  const int row = box.RowOf(menu);
+  row < 0 ? box.SetText(menu) : box.Pick(static_cast<std::size_t>(row));
 }
 
 void MakePlugin(Session& session, const PluginOptions& typed) {

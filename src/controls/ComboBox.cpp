@@ -1,8 +1,14 @@
 #include "controls/ComboBox.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tarvo {
+
+int ComboBox::RowOf(tarvo::TextView item) const {
+  const auto found = std::ranges::find(items_, item);
+  return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
+}
 
 void ComboBox::Add(tarvo::Text item) {
   items_.push_back(std::move(item));

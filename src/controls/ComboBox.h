@@ -16,6 +16,9 @@ class ComboBox : public Control {
   std::size_t Count() const { return items_.size(); }
   const tarvo::Text& Item(std::size_t row) const { return items_.at(row); }
 
+  /// The first row of that text; -1 for none.
+  int RowOf(tarvo::TextView item) const;
+
   void Add(tarvo::Text item);
 
   /// The line stays as it is.

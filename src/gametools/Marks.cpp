@@ -9,6 +9,7 @@
 #include "state/CommonUtilities.h"
 #include "state/Shell.h"
 #include "text/FileNames.h"
+#include "text/Lines.h"
 
 namespace tarvo {
 
@@ -17,12 +18,11 @@ namespace tarvo {
 Text frmGameTools::FaultOfSpecies() const {
   const Text& menu = cboSpecies.Text();
   if (menu == kNoMenu) return {};
-  std::size_t row = 0;
-  while (row < cboSpecies.Count() && cboSpecies.Item(row) != menu) ++row;
-  if (row == cboSpecies.Count()) {
+  const int row = cboSpecies.RowOf(menu);
+  if (row < 0) {
     return u"Pick the Species again: there is no Quick Battle menu \"" + menu + u"\".";
   }
-  const bool isCustom = row >= kBuiltInQBMenus.size();
+  const bool isCustom = row >= std::ssize(kBuiltInQBMenus);
   if (isCustom && !RaceWord(menu, CustomMenuChosen, {menu}).empty()) {
     return u"Pick the Species again: \"" + menu + u"\" must be picked from the list.";
   }
@@ -79,13 +79,13 @@ void frmGameTools::FieldChanged(const Control& field) {
 }
 
 Text frmGameTools::SelectedIn(std::initializer_list<const ListBox*> lists) {
-  Text names;
+  std::vector<Text> names;
   for (const ListBox* list : lists) {
     for (std::size_t row = 0; row < list->Count(); ++row) {
-      if (list->Selected(row)) names += (names.empty() ? u"" : u", ") + list->Item(row);
+      if (list->Selected(row)) names.push_back(list->Item(row));
     }
   }
-  return names;
+  return Joined(names);
 }
 
 /// What the status line says while no failure stands in it: the news of the last command, else why

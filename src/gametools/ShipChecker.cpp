@@ -6,6 +6,7 @@
 #include "state/CommonUtilities.h"
 #include "state/Dialogue.h"
 #include "text/LetterCase.h"
+#include "text/Lines.h"
 
 namespace tarvo {
 namespace {
@@ -112,11 +113,9 @@ void frmGameTools::TellSwitchedOff(const std::vector<Text>& before) {
   if (before.size() == lstEnabled.Count()) return;
   const std::vector<Text> enabled = EnabledShips();
   const std::unordered_set<Text> left(enabled.begin(), enabled.end());
-  Text names;
-  for (const Text& ship : before) {
-    if (!left.contains(ship)) names += (names.empty() ? u"" : u", ") + ship;
-  }
-  Tell(u"Switched off by the check: " + names + u".");
+  std::vector<Text> off = before;
+  std::erase_if(off, [&](const Text& ship) { return left.contains(ship); });
+  Tell(u"Switched off by the check: " + Joined(off) + u".");
 }
 
 /// Checks the ship in that row of lstEnabled, and disables it if it fails. `script` is the bare

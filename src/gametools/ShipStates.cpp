@@ -9,6 +9,7 @@
 #include "state/Dialogue.h"
 #include "state/Shell.h"
 #include "text/LetterCase.h"
+#include "text/Lines.h"
 
 namespace tarvo {
 namespace {
@@ -136,12 +137,11 @@ void frmGameTools::EnableShips() {
 /// A script that serves several ships is put back by its user, and switched off again: he is to
 /// know that this is no fault of the script.
 void frmGameTools::TellOfUnjudged(const std::unordered_set<Text>& enabled) {
-  Text names;
-  for (const Text& ship : withoutScript_) {
-    if (enabled.contains(ship)) names += (names.empty() ? u"" : u", ") + ship;
-  }
-  if (names.empty()) return;
-  Tell(news_ + u" The check can't judge " + names + u": no ship's script has that name.");
+  std::vector<Text> unjudged = withoutScript_;
+  std::erase_if(unjudged, [&](const Text& ship) { return !enabled.contains(ship); });
+  if (unjudged.empty()) return;
+  Tell(news_ + u" The check can't judge " + Joined(unjudged) +
+       u": no ship's script has that name.");
 }
 
 void frmGameTools::EnableShip(std::size_t row) {

@@ -12,16 +12,6 @@
 #include "text/Paths.h"
 
 namespace tarvo {
-namespace {
-
-bool HasItem(const ComboBox& box, const Text& item) {
-  for (std::size_t row = 0; row < box.Count(); ++row) {
-    if (box.Item(row) == item) return true;
-  }
-  return false;
-}
-
-}  // namespace
 
 Text frmGameTools::SoundPluginPath() const {
   return JoinPath(app_.State.GamePath, u"\\scripts\\Custom\\Autoload\\" + cboSoundName.Text() +
@@ -117,7 +107,7 @@ void frmGameTools::MakeSoundPlugin() {
       Title::Information);
   lstSoundInfo.Clear();
   sounds_.Settle();
-  if (!HasItem(cboSoundName, name)) cboSoundName.Add(name);
+  if (cboSoundName.RowOf(name) < 0) cboSoundName.Add(name);
   cboSoundName.SetText({});
 }
 

@@ -176,10 +176,10 @@ bool frmPackager::MayGoOn() {
                                                          : !EqualIgnoringCase(name, listOf_));
   if (!differs) return true;
   const Text shown = listOf_.empty() ? Text(u"your own Choice") : u"those of \"" + listOf_ + u"\"";
+  const Text words = u"The Files shown are " + shown + u", not those of \"" + name + u"\"!!!  ";
   const Text answer =
-      app_.dialogue.PacInput(u"The Files shown are " + shown + u", not those of \"" + name +
-                                 u"\"!!!  Would you like to go on with them???",
-                             Title::Question);
+      app_.dialogue.PacInputInAnyCase(words + u"Would you like to go on with them???",
+                                      words + u"Go on with them all the same???", Title::Question);
   if (answer != u"Yes") return false;
   listOf_ = name;
   return true;

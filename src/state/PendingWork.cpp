@@ -17,6 +17,9 @@ namespace {
 constexpr TextView kBegun = u".begun";
 constexpr TextView kWritten = u".written";
 
+/// What other programs are told of who holds a folder meanwhile.
+constexpr TextView kPurpose = u"Tarvo Packager: Bringing Files to the Disk";
+
 /// A note, whose file holds three lines: the run of the computer, "install" or "package", and the
 /// package's name, all in UTF-8.
 struct WorkNote {
@@ -42,7 +45,7 @@ WorkNote ReadNote(Files& files, const Text& path) {
           kind == "install" ? WorkKind::Install : WorkKind::Package, TextFromUtf8(package)};
 }
 
-/// The notes on the present game.
+/// The notes on the present game, less those that BringToDisk drops meanwhile in another program.
 std::vector<WorkNote> ReadNotes(Application& app) {
   std::vector<WorkNote> notes;
   Files& files = app.machine.files;
@@ -51,7 +54,12 @@ std::vector<WorkNote> ReadNotes(Application& app) {
   const Text start = BareName(NotePath(app, u"-"));
   for (const TextView ending : {kBegun, kWritten}) {
     for (const Text& name : files.FileNames(folder, u"*" + Text(ending))) {
-      if (name.starts_with(start)) notes.push_back(ReadNote(files, JoinPath(folder, name)));
+      if (!name.starts_with(start)) continue;
+      try {
+        notes.push_back(ReadNote(files, JoinPath(folder, name)));
+      } catch (const PlatformError& error) {
+        if (!SaysNothingThere(error.Code)) throw;
+      }
     }
   }
   return notes;
@@ -94,7 +102,7 @@ void SyncAll(Application& app) {
 
 /// False where another program is at it.
 bool SyncWrittenWork(Application& app) {
-  const LockAttempt turn = app.machine.files.TryLock(NotesFolder(app), u"Sync");
+  const LockAttempt turn = app.machine.files.TryLock(NotesFolder(app), kPurpose);
   if (!turn.Lock) return false;
   for (std::vector<Text> notes; !(notes = WrittenWork(app)).empty();) {
     SyncAll(app);
@@ -146,7 +154,7 @@ void BringToDisk(Application& app) {
   Guarded([&] {
     if (WrittenWork(app).empty() || !SyncWrittenWork(app)) return;
     // Another program may be about to write a note.
-    if (app.machine.files.TryLock(app.ProgramFolder, u"Sync").Lock) RemoveEmptyNotesFolder(app);
+    if (app.machine.files.TryLock(app.ProgramFolder, kPurpose).Lock) RemoveEmptyNotesFolder(app);
   });
 }
 

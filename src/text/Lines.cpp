@@ -17,4 +17,11 @@ Text FirstLines(const std::vector<Text>& lines, TextView separator) {
          TextFromUtf8(std::to_string(lines.size() - kShown)) + u" more";
 }
 
+Text Joined(const std::vector<Text>& parts, TextView separator) {
+  Text line;
+  for (const Text& part : parts)
+    line += (&part == &parts.front() ? Text() : Text(separator)) + part;
+  return line;
+}
+
 }  // namespace tarvo

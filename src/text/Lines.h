@@ -10,4 +10,7 @@ namespace tarvo {
 /// how many more there are.
 Text FirstLines(const std::vector<Text>& lines, TextView separator = u"\n");
 
+/// All of them in one line.
+Text Joined(const std::vector<Text>& parts, TextView separator = u", ");
+
 }  // namespace tarvo

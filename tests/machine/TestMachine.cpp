@@ -33,6 +33,8 @@ TextView NameOf(BoxIcon icon) {
   return u"plain";
 }
 
+}  // namespace
+
 Text OneLine(TextView text) {
   Text line;
   for (const char16_t unit : text) {
@@ -41,8 +43,6 @@ Text OneLine(TextView text) {
   }
   return line;
 }
-
-}  // namespace
 
 TestMachine::TestMachine() {
   WriteFile(GameFolder() + u"\\stbc.exe", "game");

@@ -17,6 +17,9 @@
 
 namespace tarvo::test {
 
+/// The text with "\\n" for each end of a line.
+Text OneLine(TextView text);
+
 /// A machine for a whole application: a game and a program folder on the real disk, all other
 /// doors scripted and recorded.
 class TestMachine : public FormHost, public Windows {

@@ -50,5 +50,15 @@ TEST(PendingWork, IsKnownToTheNextStartUntilItIsOnTheDisk) {
   }
 }
 
+/// Another program may be done with its own work at any time.
+TEST(PendingWork, OfOthersMayGoWhileItIsLookedAt) {
+  TestMachine machine;
+  machine.Start();
+  machine.app.SyncsLater = true;
+  EndWork(machine.app, BeginWork(machine.app, WorkKind::Install, u"first"));
+  machine.files.Fail(FileStep::Open, 1, kNoSuchFile);
+  EXPECT_NE(BeginWork(machine.app, WorkKind::Install, u"second"), Text());
+}
+
 }  // namespace
 }  // namespace tarvo::test

@@ -15,14 +15,8 @@
 namespace tarvo::test {
 namespace {
 
-/// One line, whatever the text holds.
 std::string Quoted(TextView text) {
-  std::string quoted = "\"";
-  for (const char byte : Utf8FromText(text)) {
-    if (byte == '\r') continue;
-    quoted += byte == '\n' ? std::string("\\n") : std::string(1, byte);
-  }
-  return quoted + "\"";
+  return "\"" + Utf8FromText(OneLine(text)) + "\"";
 }
 
 std::string ValueOf(const Control& control) {
